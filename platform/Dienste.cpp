@@ -1,0 +1,124 @@
+#include "platform/Dienste.h"
+
+#include "platform/Dialogdienst.h"
+#include "platform/Uhr.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QSoundEffect>
+#include <QUrl>
+
+namespace {
+
+class EchterZufall : public Zufall {
+public:
+    double Rnd() override { return QRandomGenerator::global()->generateDouble(); }
+};
+
+class EchterKlang : public Klang {
+public:
+    void abspielen(const QString& pfad) override
+    {
+        if (!QFileInfo(pfad).isFile())
+            return;
+        if (!m_effekt)
+            m_effekt = std::make_unique<QSoundEffect>();
+        m_effekt->stop();
+        m_effekt->setSource(QUrl::fromLocalFile(pfad));
+        m_effekt->play();
+    }
+
+private:
+    std::unique_ptr<QSoundEffect> m_effekt;
+};
+
+class EchteShell : public Shell {
+public:
+    bool oeffnen(const QString& ziel) override
+    {
+        const bool adresse = ziel.contains(u"://") || ziel.startsWith(u"mailto:")
+            || ziel.startsWith(u"www.", Qt::CaseInsensitive);
+        QUrl url = adresse ? QUrl::fromUserInput(ziel) : QUrl::fromLocalFile(ziel);
+        return QDesktopServices::openUrl(url);
+    }
+};
+
+class EchterPapierkorb : public Papierkorb {
+public:
+    bool verschieben(const QString& pfad) override { return QFile::moveToTrash(pfad); }
+};
+
+std::function<std::unique_ptr<Dialogdienst>()>& dialogFabrik()
+{
+    static std::function<std::unique_ptr<Dialogdienst>()> fabrik;
+    return fabrik;
+}
+
+} // namespace
+
+void setzeDialogFabrik(std::function<std::unique_ptr<Dialogdienst>()> fabrik)
+{
+    dialogFabrik() = std::move(fabrik);
+}
+
+Dienste::Dienste() = default;
+Dienste::~Dienste() = default;
+
+Dienste& Dienste::instanz()
+{
+    static Dienste dienste;
+    return dienste;
+}
+
+Dialogdienst& Dienste::dialoge()
+{
+    if (!m_dialoge) {
+        Q_ASSERT(dialogFabrik());
+        m_dialoge = dialogFabrik()();
+    }
+    return *m_dialoge;
+}
+
+Uhr& Dienste::uhr()
+{
+    if (!m_uhr)
+        m_uhr = std::make_unique<Systemuhr>();
+    return *m_uhr;
+}
+
+Zufall& Dienste::zufall()
+{
+    if (!m_zufall)
+        m_zufall = std::make_unique<EchterZufall>();
+    return *m_zufall;
+}
+
+Klang& Dienste::klang()
+{
+    if (!m_klang)
+        m_klang = std::make_unique<EchterKlang>();
+    return *m_klang;
+}
+
+Shell& Dienste::shell()
+{
+    if (!m_shell)
+        m_shell = std::make_unique<EchteShell>();
+    return *m_shell;
+}
+
+Papierkorb& Dienste::papierkorb()
+{
+    if (!m_papierkorb)
+        m_papierkorb = std::make_unique<EchterPapierkorb>();
+    return *m_papierkorb;
+}
+
+void Dienste::setzeDialoge(std::unique_ptr<Dialogdienst> d) { m_dialoge = std::move(d); }
+void Dienste::setzeUhr(std::unique_ptr<Uhr> u) { m_uhr = std::move(u); }
+void Dienste::setzeZufall(std::unique_ptr<Zufall> z) { m_zufall = std::move(z); }
+void Dienste::setzeKlang(std::unique_ptr<Klang> k) { m_klang = std::move(k); }
+void Dienste::setzeShell(std::unique_ptr<Shell> s) { m_shell = std::move(s); }
+void Dienste::setzePapierkorb(std::unique_ptr<Papierkorb> p) { m_papierkorb = std::move(p); }

@@ -1,0 +1,72 @@
+#pragma once
+// The platform services of the system, one of each, replaceable by tests.
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class Dialogdienst;
+class Uhr;
+
+class Zufall {
+public:
+    virtual ~Zufall() = default;
+    // A number in [0, 1).
+    virtual double Rnd() = 0;
+};
+
+class Klang {
+public:
+    virtual ~Klang() = default;
+    // Plays a .wav asynchronously; a new sound ends the one playing; a missing file is silent.
+    virtual void abspielen(const QString& pfad) = 0;
+};
+
+class Shell {
+public:
+    virtual ~Shell() = default;
+    // Opens a file with its associated program, or an address in the browser.
+    virtual bool oeffnen(const QString& pfadOderAdresse) = 0;
+};
+
+class Papierkorb {
+public:
+    virtual ~Papierkorb() = default;
+    virtual bool verschieben(const QString& pfad) = 0;
+};
+
+class Dienste {
+public:
+    static Dienste& instanz();
+
+    Dialogdienst& dialoge();
+    Uhr& uhr();
+    Zufall& zufall();
+    Klang& klang();
+    Shell& shell();
+    Papierkorb& papierkorb();
+
+    void setzeDialoge(std::unique_ptr<Dialogdienst> d);
+    void setzeUhr(std::unique_ptr<Uhr> u);
+    void setzeZufall(std::unique_ptr<Zufall> z);
+    void setzeKlang(std::unique_ptr<Klang> k);
+    void setzeShell(std::unique_ptr<Shell> s);
+    void setzePapierkorb(std::unique_ptr<Papierkorb> p);
+
+private:
+    Dienste();
+    ~Dienste();
+    std::unique_ptr<Dialogdienst> m_dialoge;
+    std::unique_ptr<Uhr> m_uhr;
+    std::unique_ptr<Zufall> m_zufall;
+    std::unique_ptr<Klang> m_klang;
+    std::unique_ptr<Shell> m_shell;
+    std::unique_ptr<Papierkorb> m_papierkorb;
+};
+
+inline Dienste& D() { return Dienste::instanz(); }
+
+// The real dialog service is provided by the shell (frmMsgNimb, frmInputNimb and Qt's
+// dialogs); the platform layer gets it through this factory so it does not depend on
+// the windows.
+void setzeDialogFabrik(std::function<std::unique_ptr<Dialogdienst>()> fabrik);

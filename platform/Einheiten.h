@@ -1,0 +1,28 @@
+#pragma once
+// Twips and the blue-green-red colour numbers of the settings and the descriptions.
+#include <QColor>
+#include <QtGlobal>
+
+namespace Farbe {
+constexpr qint64 StandardHintergrund = 16050915; // #e3eaf4
+constexpr qint64 StandardText = 3482368;         // #002335
+constexpr qint64 WarnHintergrund = 12640511;     // #ffe0c0
+constexpr qint64 FehlerHintergrund = 12632319;   // #ffc0c0
+constexpr qint64 VerlaufEnde = 14600621;         // #adcade
+} // namespace Farbe
+
+constexpr int TwipsProPixel = 15;
+
+// Twips to logical pixels (96 dpi), rounded to the nearest pixel.
+inline int Px(double twips) { return qRound(twips / TwipsProPixel); }
+inline int Twips(int pixel) { return pixel * TwipsProPixel; }
+
+// A colour number: red = v & 255, green = (v >> 8) & 255, blue = (v >> 16) & 255.
+inline QColor VBFarbe(qint64 v)
+{
+    return QColor(int(v & 255), int((v >> 8) & 255), int((v >> 16) & 255));
+}
+inline qint64 VBFarbwert(const QColor& c)
+{
+    return qint64(c.red()) | (qint64(c.green()) << 8) | (qint64(c.blue()) << 16);
+}

@@ -1,0 +1,196 @@
+#include "Attrappen.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <algorithm>
+
+static QString antwort(QQueue<QString>& queue) { return queue.isEmpty() ? QString() : queue.dequeue(); }
+
+QString DialogAttrappe::MsgNimb(const Meldung& m)
+{
+    Aufruf a;
+    a.art = QStringLiteral("MsgNimb");
+    a.meldung = m;
+    aufrufe << a;
+    if (beimAufruf)
+        beimAufruf(a);
+    return antwort(antwortenMsg);
+}
+
+QString DialogAttrappe::InputNimb(const Eingabe& e)
+{
+    Aufruf a;
+    a.art = QStringLiteral("InputNimb");
+    a.eingabe = e;
+    aufrufe << a;
+    if (beimAufruf)
+        beimAufruf(a);
+    return antwort(antwortenInput).trimmed();
+}
+
+QString DialogAttrappe::Datei(const Dateiauswahl& d)
+{
+    Aufruf a;
+    a.art = QStringLiteral("Datei");
+    a.datei = d;
+    aufrufe << a;
+    if (beimAufruf)
+        beimAufruf(a);
+    return antwort(antwortenDatei);
+}
+
+QString DialogAttrappe::Ordner(const QString& titel, const QString& startordner)
+{
+    Aufruf a;
+    a.art = QStringLiteral("Ordner");
+    a.ordnerTitel = titel;
+    a.ordnerStart = startordner;
+    aufrufe << a;
+    if (beimAufruf)
+        beimAufruf(a);
+    return antwort(antwortenOrdner);
+}
+
+bool DialogAttrappe::Schrift(Schriftauswahl&)
+{
+    Aufruf a;
+    a.art = QStringLiteral("Schrift");
+    aufrufe << a;
+    return false;
+}
+
+bool DialogAttrappe::Farbe(QColor&)
+{
+    Aufruf a;
+    a.art = QStringLiteral("Farbe");
+    aufrufe << a;
+    return false;
+}
+
+QList<Meldung> DialogAttrappe::meldungen() const
+{
+    QList<Meldung> liste;
+    for (const Aufruf& a : aufrufe)
+        if (a.art == u"MsgNimb")
+            liste << a.meldung;
+    return liste;
+}
+
+QStringList DialogAttrappe::meldungsTexte() const
+{
+    QStringList liste;
+    for (const Meldung& m : meldungen())
+        liste << m.text;
+    return liste;
+}
+
+void DialogAttrappe::leeren()
+{
+    aufrufe.clear();
+    antwortenMsg.clear();
+    antwortenInput.clear();
+    antwortenDatei.clear();
+    antwortenOrdner.clear();
+    beimAufruf = nullptr;
+}
+
+QDateTime FalscheUhr::jetzt() const { return start.addMSecs(ms); }
+
+double FalscheUhr::sekundenSeitMitternacht() const
+{
+    return jetzt().time().msecsSinceStartOfDay() / 1000.0;
+}
+
+void FalscheUhr::warten(int dauer)
+{
+    ++gewartet;
+    vorruecken(std::max(0, dauer));
+    QCoreApplication::processEvents();
+}
+
+Zeitgeber* FalscheUhr::neuerZeitgeber(QObject* eltern) { return new FalscherZeitgeber(this, eltern); }
+
+void FalscheUhr::vorruecken(qint64 dauer)
+{
+    const qint64 ziel = ms + dauer;
+    for (;;) {
+        // The earliest due timer fires next; its handler may change any timer.
+        FalscherZeitgeber* naechster = nullptr;
+        for (FalscherZeitgeber* z : std::as_const(zeitgeber))
+            if (z->isEnabled() && z->interval() > 0 && z->faellig <= ziel
+                && (!naechster || z->faellig < naechster->faellig))
+                naechster = z;
+        if (!naechster)
+            break;
+        ms = std::max(ms, naechster->faellig);
+        naechster->faellig = ms + naechster->interval();
+        naechster->ausloesen();
+    }
+    ms = std::max(ms, ziel);
+}
+
+FalscherZeitgeber::FalscherZeitgeber(FalscheUhr* uhr, QObject* eltern)
+    : Zeitgeber(eltern)
+    , m_uhr(uhr)
+{
+    m_uhr->zeitgeber << this;
+}
+
+FalscherZeitgeber::~FalscherZeitgeber() { m_uhr->zeitgeber.removeAll(this); }
+
+void FalscherZeitgeber::setInterval(int ms)
+{
+    m_interval = ms;
+    faellig = m_uhr->ms + ms;
+}
+
+void FalscherZeitgeber::setEnabled(bool an)
+{
+    if (an && !m_an)
+        faellig = m_uhr->ms + m_interval;
+    m_an = an;
+}
+
+bool PapierkorbAttrappe::verschieben(const QString& pfad)
+{
+    verschoben << pfad;
+    return QFile::remove(pfad);
+}
+
+namespace {
+DialogAttrappe* s_dialoge;
+FalscheUhr* s_uhr;
+FalscherZufall* s_zufall;
+KlangAttrappe* s_klang;
+ShellAttrappe* s_shell;
+PapierkorbAttrappe* s_papierkorb;
+
+template <class T, class Setzer>
+T* einsetzen(Setzer setzer)
+{
+    auto dienst = std::make_unique<T>();
+    T* roh = dienst.get();
+    (D().*setzer)(std::move(dienst));
+    return roh;
+}
+} // namespace
+
+DialogAttrappe& Attrappen::dialoge() { return *s_dialoge; }
+FalscheUhr& Attrappen::uhr() { return *s_uhr; }
+FalscherZufall& Attrappen::zufall() { return *s_zufall; }
+KlangAttrappe& Attrappen::klang() { return *s_klang; }
+ShellAttrappe& Attrappen::shell() { return *s_shell; }
+PapierkorbAttrappe& Attrappen::papierkorb() { return *s_papierkorb; }
+
+void Attrappen::installieren()
+{
+    s_dialoge = einsetzen<DialogAttrappe>(&Dienste::setzeDialoge);
+    // One clock for the whole run: timers of living windows keep pointing at it.
+    if (!s_uhr)
+        s_uhr = einsetzen<FalscheUhr>(&Dienste::setzeUhr);
+    s_zufall = einsetzen<FalscherZufall>(&Dienste::setzeZufall);
+    s_klang = einsetzen<KlangAttrappe>(&Dienste::setzeKlang);
+    s_shell = einsetzen<ShellAttrappe>(&Dienste::setzeShell);
+    s_papierkorb = einsetzen<PapierkorbAttrappe>(&Dienste::setzePapierkorb);
+}
