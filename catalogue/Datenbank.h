@@ -1,0 +1,51 @@
+#pragma once
+// One SQLite connection to a catalogue, with what the Jet dialect of the system needs:
+// Jet's like(), the caseless German collation in place of NOCASE, and the common Jet
+// functions of the SQL console.
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class Datenbank {
+public:
+    // Opens a catalogue for reading and writing. Throws Laufzeitfehler when the file is
+    // missing, is a Jet file, or is no SQLite database (nothing is written then).
+    static std::unique_ptr<Datenbank> oeffnen(const QString& pfad);
+    ~Datenbank();
+    Datenbank(const Datenbank&) = delete;
+    Datenbank& operator=(const Datenbank&) = delete;
+
+    const QString& pfad() const { return m_pfad; }
+    sqlite3* handle() const { return m_db; }
+
+    // Runs an action query and returns the number of records affected. A select is
+    // refused. Throws Laufzeitfehler with SQLite's message on any error.
+    int Execute(const QString& sql);
+    // Column names of a table in table order; empty when there is no such table.
+    QStringList Spalten(const QString& tabelle) const;
+
+    // Throws Laufzeitfehler for the last error of this connection.
+    [[noreturn]] void fehlerWerfen(int rc) const;
+
+private:
+    explicit Datenbank(const QString& pfad, sqlite3* db);
+    QString m_pfad;
+    sqlite3* m_db = nullptr;
+};
+
+// Registers like(), the collation and the Jet functions on any connection.
+void JetFunktionenAnmelden(sqlite3* db);
+
+// True when the file begins like a Jet/ACE database (an old ".mdb").
+bool IstJetDatei(const QString& pfad);
+
+// The caseless German comparison the collation uses: "Ärzte" sorts among the A, case is
+// ignored, umlauts come right after their base letter. Negative, 0 or positive.
+int DeutschVergleichen(const QString& a, const QString& b);
+// Jet's like: * ? # [list] [!list], caseless for all letters including umlauts.
+bool JetLike(const QString& muster, const QString& text);
