@@ -1,0 +1,15 @@
+#include "shell/Globale.h"
+
+QString ProgrammOrdner;
+QString DatenbankOrdner;
+bool Abbruch = false;
+int TrackIndex = 0;
+bool PlaylistModus = false;
+bool StopGedrueckt = false;
+std::vector<int> TrackGespielt;
+QString SuchAbfrage;
+QString ErsetzenDurch;
+QString SqlAnweisung;
+bool TabelleNichtAnordnen = false;
+bool AutosizeLaeuft = false;
+bool SortAbsteigend = false;
