@@ -6,9 +6,13 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QSoundEffect>
 #include <QUrl>
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -43,11 +47,24 @@ public:
         QUrl url = adresse ? QUrl::fromUserInput(ziel) : QUrl::fromLocalFile(ziel);
         return QDesktopServices::openUrl(url);
     }
+    bool starten(const QString& programm, const QStringList& argumente) override
+    {
+        return QProcess::startDetached(programm, argumente);
+    }
 };
 
 class EchterPapierkorb : public Papierkorb {
 public:
     bool verschieben(const QString& pfad) override { return QFile::moveToTrash(pfad); }
+};
+
+class EchterProzess : public Prozess {
+public:
+    [[noreturn]] void beenden(int code) override
+    {
+        std::fflush(nullptr);
+        std::_Exit(code);
+    }
 };
 
 std::function<std::unique_ptr<Dialogdienst>()>& dialogFabrik()
@@ -116,9 +133,17 @@ Papierkorb& Dienste::papierkorb()
     return *m_papierkorb;
 }
 
+Prozess& Dienste::prozess()
+{
+    if (!m_prozess)
+        m_prozess = std::make_unique<EchterProzess>();
+    return *m_prozess;
+}
+
 void Dienste::setzeDialoge(std::unique_ptr<Dialogdienst> d) { m_dialoge = std::move(d); }
 void Dienste::setzeUhr(std::unique_ptr<Uhr> u) { m_uhr = std::move(u); }
 void Dienste::setzeZufall(std::unique_ptr<Zufall> z) { m_zufall = std::move(z); }
 void Dienste::setzeKlang(std::unique_ptr<Klang> k) { m_klang = std::move(k); }
 void Dienste::setzeShell(std::unique_ptr<Shell> s) { m_shell = std::move(s); }
 void Dienste::setzePapierkorb(std::unique_ptr<Papierkorb> p) { m_papierkorb = std::move(p); }
+void Dienste::setzeProzess(std::unique_ptr<Prozess> p) { m_prozess = std::move(p); }

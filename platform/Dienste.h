@@ -1,6 +1,7 @@
 #pragma once
 // The platform services of the system, one of each, replaceable by tests.
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -27,12 +28,21 @@ public:
     virtual ~Shell() = default;
     // Opens a file with its associated program, or an address in the browser.
     virtual bool oeffnen(const QString& pfadOderAdresse) = 0;
+    // Starts a program without waiting for it; false when it cannot be started.
+    virtual bool starten(const QString& programm, const QStringList& argumente) = 0;
 };
 
 class Papierkorb {
 public:
     virtual ~Papierkorb() = default;
     virtual bool verschieben(const QString& pfad) = 0;
+};
+
+class Prozess {
+public:
+    virtual ~Prozess() = default;
+    // Ends the process at once, so that no object still held can keep it alive.
+    virtual void beenden(int code) = 0;
 };
 
 class Dienste {
@@ -45,6 +55,7 @@ public:
     Klang& klang();
     Shell& shell();
     Papierkorb& papierkorb();
+    Prozess& prozess();
 
     void setzeDialoge(std::unique_ptr<Dialogdienst> d);
     void setzeUhr(std::unique_ptr<Uhr> u);
@@ -52,6 +63,7 @@ public:
     void setzeKlang(std::unique_ptr<Klang> k);
     void setzeShell(std::unique_ptr<Shell> s);
     void setzePapierkorb(std::unique_ptr<Papierkorb> p);
+    void setzeProzess(std::unique_ptr<Prozess> p);
 
 private:
     Dienste();
@@ -62,6 +74,7 @@ private:
     std::unique_ptr<Klang> m_klang;
     std::unique_ptr<Shell> m_shell;
     std::unique_ptr<Papierkorb> m_papierkorb;
+    std::unique_ptr<Prozess> m_prozess;
 };
 
 inline Dienste& D() { return Dienste::instanz(); }

@@ -165,6 +165,7 @@ FalscherZufall* s_zufall;
 KlangAttrappe* s_klang;
 ShellAttrappe* s_shell;
 PapierkorbAttrappe* s_papierkorb;
+ProzessAttrappe* s_prozess;
 
 template <class T, class Setzer>
 T* einsetzen(Setzer setzer)
@@ -182,6 +183,7 @@ FalscherZufall& Attrappen::zufall() { return *s_zufall; }
 KlangAttrappe& Attrappen::klang() { return *s_klang; }
 ShellAttrappe& Attrappen::shell() { return *s_shell; }
 PapierkorbAttrappe& Attrappen::papierkorb() { return *s_papierkorb; }
+ProzessAttrappe& Attrappen::prozess() { return *s_prozess; }
 
 void Attrappen::installieren()
 {
@@ -193,4 +195,5 @@ void Attrappen::installieren()
     s_klang = einsetzen<KlangAttrappe>(&Dienste::setzeKlang);
     s_shell = einsetzen<ShellAttrappe>(&Dienste::setzeShell);
     s_papierkorb = einsetzen<PapierkorbAttrappe>(&Dienste::setzePapierkorb);
+    s_prozess = einsetzen<ProzessAttrappe>(&Dienste::setzeProzess);
 }

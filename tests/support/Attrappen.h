@@ -100,12 +100,26 @@ public:
         geoeffnet << ziel;
         return true;
     }
+    QStringList gestartet;
+    bool startenGelingt = true;
+    bool starten(const QString& programm, const QStringList& argumente) override
+    {
+        gestartet << (QStringList{programm} + argumente).join(u' ');
+        return startenGelingt;
+    }
 };
 
 class PapierkorbAttrappe : public Papierkorb {
 public:
     QStringList verschoben;
     bool verschieben(const QString& pfad) override;
+};
+
+// Records the end of the process instead of ending it.
+class ProzessAttrappe : public Prozess {
+public:
+    QList<int> beendet;
+    void beenden(int code) override { beendet << code; }
 };
 
 // The installed doubles of this test run.
@@ -116,6 +130,7 @@ struct Attrappen {
     static KlangAttrappe& klang();
     static ShellAttrappe& shell();
     static PapierkorbAttrappe& papierkorb();
+    static ProzessAttrappe& prozess();
     // Installs fresh doubles for every service.
     static void installieren();
 };
