@@ -1,0 +1,254 @@
+#include "shell/Steuerelemente.h"
+
+#include <QCollator>
+#include <QDir>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+// ---- Dateiliste ----
+
+Dateiliste::Dateiliste(QWidget* eltern)
+    : QListWidget(eltern)
+{
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setUniformItemSizes(true);
+}
+
+void Dateiliste::setPath(const QString& ordner)
+{
+    m_pfad = ordner;
+    Refresh();
+}
+
+void Dateiliste::setPattern(const QString& muster)
+{
+    m_muster = muster;
+    Refresh();
+}
+
+void Dateiliste::Refresh()
+{
+    QStringList filter;
+    for (const QString& teil : m_muster.split(u';', Qt::SkipEmptyParts)) {
+        // "*.*" means every file, names without a dot included.
+        const QString t = teil.trimmed();
+        filter << (t == u"*.*" ? QStringLiteral("*") : t);
+    }
+    QStringList namen;
+    if (!m_pfad.isEmpty()) {
+        QDir ordner(m_pfad);
+        ordner.setNameFilters(filter);
+        ordner.setFilter(QDir::Files | QDir::Readable);
+        namen = ordner.entryList();
+    }
+    QCollator sortierung;
+    sortierung.setCaseSensitivity(Qt::CaseInsensitive);
+    sortierung.setNumericMode(false);
+    std::sort(namen.begin(), namen.end(),
+              [&](const QString& a, const QString& b) { return sortierung.compare(a, b) < 0; });
+    const bool alt = blockSignals(true);
+    clear();
+    addItems(namen);
+    blockSignals(alt);
+}
+
+QString Dateiliste::List(int i) const
+{
+    const QListWidgetItem* eintrag = item(i);
+    return eintrag ? eintrag->text() : QString();
+}
+
+void Dateiliste::setListIndex(int i)
+{
+    setCurrentRow(i, QItemSelectionModel::NoUpdate);
+}
+
+bool Dateiliste::Selected(int i) const
+{
+    const QListWidgetItem* eintrag = item(i);
+    return eintrag && eintrag->isSelected();
+}
+
+void Dateiliste::setSelected(int i, bool an)
+{
+    if (QListWidgetItem* eintrag = item(i))
+        eintrag->setSelected(an);
+}
+
+void Dateiliste::mouseDoubleClickEvent(QMouseEvent* e)
+{
+    QListWidget::mouseDoubleClickEvent(e);
+    if (e->button() == Qt::LeftButton && itemAt(e->position().toPoint()))
+        emit DblClick();
+}
+
+// ---- Bildfeld ----
+
+Bildfeld::Bildfeld(QWidget* eltern)
+    : QLabel(eltern)
+{
+    setAlignment(Qt::AlignCenter);
+}
+
+void Bildfeld::setStretch(bool an)
+{
+    m_stretch = an;
+    anzeigen();
+}
+
+void Bildfeld::setBild(const QPixmap& bild)
+{
+    m_bild = bild;
+    anzeigen();
+}
+
+void Bildfeld::anzeigen()
+{
+    if (m_bild.isNull() || !m_stretch || size().isEmpty()) {
+        setPixmap(m_bild);
+        return;
+    }
+    setPixmap(m_bild.scaled(size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+void Bildfeld::mousePressEvent(QMouseEvent* e) { emit MouseDown(e->button()); }
+
+void Bildfeld::mouseReleaseEvent(QMouseEvent* e)
+{
+    emit MouseUp(e->button());
+    if (e->button() == Qt::LeftButton && rect().contains(e->position().toPoint()))
+        emit Click();
+}
+
+void Bildfeld::mouseDoubleClickEvent(QMouseEvent* e)
+{
+    if (e->button() == Qt::LeftButton)
+        emit DblClick();
+}
+
+void Bildfeld::resizeEvent(QResizeEvent* e)
+{
+    QLabel::resizeEvent(e);
+    if (m_stretch)
+        anzeigen();
+}
+
+// ---- Bildknopf ----
+
+Bildknopf::Bildknopf(QWidget* eltern)
+    : QToolButton(eltern)
+{
+    setAutoRaise(true);
+    setFocusPolicy(Qt::NoFocus);
+    setToolButtonStyle(Qt::ToolButtonIconOnly);
+}
+
+void Bildknopf::mousePressEvent(QMouseEvent* e)
+{
+    QToolButton::mousePressEvent(e);
+    // Keep the right button too, so that its release reaches this button.
+    e->accept();
+}
+
+void Bildknopf::mouseReleaseEvent(QMouseEvent* e)
+{
+    QToolButton::mouseReleaseEvent(e);
+    if (rect().contains(e->position().toPoint()))
+        emit MouseUp(e->button());
+}
+
+// ---- Textfeld ----
+
+Textfeld::Textfeld(QWidget* eltern)
+    : QLineEdit(eltern)
+{
+}
+
+void Textfeld::setText(const QString& t)
+{
+    if (t != text())
+        QLineEdit::setText(t);
+}
+
+void Textfeld::keyPressEvent(QKeyEvent* e)
+{
+    if (m_enterSchlucken && (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)) {
+        e->accept();
+        return;
+    }
+    if (!m_geschluckt.isEmpty() && e->text().size() == 1 && m_geschluckt.contains(e->text())
+        && !(e->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+        e->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(e);
+}
+
+void Textfeld::focusInEvent(QFocusEvent* e)
+{
+    QLineEdit::focusInEvent(e);
+    emit GotFocus();
+}
+
+void Textfeld::focusOutEvent(QFocusEvent* e)
+{
+    QLineEdit::focusOutEvent(e);
+    emit LostFocus();
+}
+
+// ---- Statusleiste ----
+
+Statusleiste::Statusleiste(const std::vector<int>& breiten, QWidget* eltern)
+    : QStatusBar(eltern)
+{
+    setSizeGripEnabled(true);
+    int nr = 1;
+    for (const int breite : breiten) {
+        auto* panel = new QLabel(this);
+        panel->setObjectName(QStringLiteral("Panel(%1)").arg(nr++));
+        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        panel->setContentsMargins(4, 0, 4, 0);
+        panel->setTextFormat(Qt::PlainText);
+        if (breite > 0)
+            panel->setFixedWidth(breite);
+        else
+            panel->setMinimumWidth(60);
+        addPermanentWidget(panel, breite > 0 ? 0 : 1);
+        m_panels.push_back(panel);
+    }
+}
+
+QLabel* Statusleiste::Panel(int nr) const
+{
+    if (nr < 1 || nr > int(m_panels.size()))
+        return nullptr;
+    return m_panels[size_t(nr - 1)];
+}
+
+QString Statusleiste::PanelText(int nr) const
+{
+    const QLabel* p = Panel(nr);
+    return p ? p->text() : QString();
+}
+
+void Statusleiste::setPanelText(int nr, const QString& text)
+{
+    if (QLabel* p = Panel(nr)) {
+        p->setText(text);
+        p->setToolTip(text);
+    }
+}
+
+void Statusleiste::setBevel(int nr, int art)
+{
+    if (QLabel* p = Panel(nr))
+        p->setFrameStyle(QFrame::Panel | (art == 1 ? QFrame::Sunken : QFrame::Raised));
+}
+
+void Statusleiste::mouseDoubleClickEvent(QMouseEvent* e)
+{
+    QStatusBar::mouseDoubleClickEvent(e);
+    emit DblClick();
+}
