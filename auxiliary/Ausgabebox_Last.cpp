@@ -1,0 +1,4 @@
+// The load display of the status bar.
+#include "shell/Ausgabebox.h"
+
+void Ausgabebox::LastanzeigeStarten() {}

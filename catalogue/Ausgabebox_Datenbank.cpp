@@ -1,0 +1,265 @@
+// The catalogue file operations of the main window: load, new, save as, refresh, and
+// the list of the ten recent catalogues.
+#include "shell/Ausgabebox.h"
+
+#include "catalogue/Datenbank.h"
+#include "catalogue/Datensteuerung.h"
+#include "platform/Dialogdienst.h"
+#include "platform/Dienste.h"
+#include "platform/Einheiten.h"
+#include "platform/Laufzeitfehler.h"
+#include "platform/Mauszeiger.h"
+#include "platform/Pfade.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QFile>
+#include <QLabel>
+
+namespace {
+
+const QString GanzeTabelle = QStringLiteral("select * from Schallplatten order by Band, LPTitel");
+const QString NachBand = QStringLiteral("select * from Schallplatten order by Band");
+const QString Dateifilter = QStringLiteral("Datenbank (*.db)|*.db|alle Dateien (*.*)|*.*");
+
+QString vorlage() { return ProgrammOrdner + QStringLiteral("Archiv_leer.db"); }
+
+// A picked file that is an old Jet catalogue is refused before anything changes.
+bool jetAbgelehnt(const QString& pfad, const QString& titel)
+{
+    if (!IstJetDatei(pfad))
+        return false;
+    MsgNimb(QStringLiteral("Die Datei\n") + pfad
+                + QStringLiteral("\nist eine Datenbank im alten Jet-Format (.mdb).\n\n"
+                                 "Rillenkammer öffnet nur Datenbanken im Format .db."),
+            3, 0, titel, 0, Farbe::WarnHintergrund, Farbe::StandardText);
+    return true;
+}
+
+// Copies a catalogue file; the copy is writable whatever the source was.
+void kopieren(const QString& quelle, const QString& ziel)
+{
+    if (!QFile::exists(quelle))
+        throw Laufzeitfehler(Fehlernummer::DateiNichtGefunden,
+                             QStringLiteral("Datei nicht gefunden: ") + quelle);
+    if (!QFile::copy(quelle, ziel))
+        throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
+                             QStringLiteral("Fehler beim Zugriff auf Pfad/Datei: ") + ziel);
+    QFile::setPermissions(ziel, QFile::permissions(ziel) | QFile::WriteOwner | QFile::ReadOwner);
+}
+
+} // namespace
+
+void Ausgabebox::mnuOeffnen_Click(const QString& vorgegeben)
+{
+    Mauszeiger(ZeigerSanduhr);
+    try {
+        QString pfad = vorgegeben;
+        if (pfad.isEmpty()) {
+            Dateiauswahl d;
+            d.titel = QStringLiteral(" Datenbank laden");
+            d.filter = Dateifilter;
+            d.dateiname = Lesen(QStringLiteral("ArchivPfad"), vorlage());
+            d.startordner = ProgrammOrdner;
+            d.filterIndex = 1;
+            pfad = D().dialoge().Datei(d);
+            if (pfad.isEmpty())
+                throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
+        }
+        if (jetAbgelehnt(pfad, QStringLiteral("Datenbank laden"))) {
+            Mauszeiger(ZeigerStandard);
+            return;
+        }
+        staBar->setPanelText(1, QStringLiteral(" Datenbank wird geladen..."));
+        staBar->setPanelText(2, QStringLiteral("no play"));
+        // Release the old file first.
+        Data1->setDatabaseName(QString());
+        Data1->setRecordSource(QString());
+        Data1->Refresh();
+        QCoreApplication::processEvents();
+        TabelleEinrichten();
+        Data1->setDatabaseName(pfad);
+        Data1->setRecordSource(GanzeTabelle);
+        Data1->Refresh();
+        QCoreApplication::processEvents();
+        Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
+        lblTabellenName->setText(QStringLiteral("alle"));
+        Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
+        TabelleEinrichten();
+        Speichern(QStringLiteral("ArchivPfad"), pfad);
+        OrdnerMenuPfad(pfad);
+        staBar->setPanelText(1, DateinameAusPfad(pfad));
+        DatenbankOrdner = OrdnerAusPfad(pfad);
+        DatenbankCheck(pfad);
+        CoverAktualisieren();
+    } catch (const Laufzeitfehler& fehler) {
+        // A cancelled dialog leaves everything, panel 1 included, as it was.
+        if (fehler.Nummer != Fehlernummer::DialogAbgebrochen) {
+            staBar->setPanelText(1, QStringLiteral(" Fehler beim Laden der Datenbank!"));
+            Mauszeiger(ZeigerStandard);
+            Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuOeffnen_Click"));
+        }
+    }
+    Mauszeiger(ZeigerStandard);
+}
+
+void Ausgabebox::mnuNeueDatenbank_Click()
+{
+    const QString bisher = Data1->DatabaseName();
+    const QString bisherQuelle = Data1->RecordSource();
+    try {
+        Dateiauswahl d;
+        d.titel = QStringLiteral(" Neue Datenbank anlegen");
+        d.filter = QStringLiteral("Datenbank (*.db) |*.db|alle Dateien (*.*) |*.*");
+        d.startordner = ProgrammOrdner;
+        d.filterIndex = 1;
+        d.speichern = true;
+        const QString pfad = D().dialoge().Datei(d);
+        if (pfad.isEmpty())
+            throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
+        if (QFile::exists(pfad)) {
+            MsgNimb(QStringLiteral("Die Datenbank existiert schon und kann nicht überschrieben werden."), 3, 0,
+                    QStringLiteral("Sicherheitshinweis"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
+            return;
+        }
+        Data1->schliessen();
+        QCoreApplication::processEvents();
+        kopieren(vorlage(), pfad);
+        QCoreApplication::processEvents();
+        Data1->setDatabaseName(pfad);
+        Data1->setRecordSource(NachBand);
+        Data1->Refresh();
+        QCoreApplication::processEvents();
+        Speichern(QStringLiteral("Data1RecordSource"), NachBand);
+        staBar->setPanelText(1, DateinameAusPfad(pfad));
+        DatenbankOrdner = OrdnerAusPfad(pfad);
+        Speichern(QStringLiteral("ArchivPfad"), pfad);
+        CoverAktualisieren();
+    } catch (const Laufzeitfehler& fehler) {
+        DatenbankWiederOeffnen(bisher, bisherQuelle);
+        Fehlermeldung(fehler, QStringLiteral("Ausgabeboxbox_mnuNeueDatenbank_Click"));
+    }
+}
+
+void Ausgabebox::mnuSpeichernUnter_Click()
+{
+    const QString bisher = Data1->DatabaseName();
+    const QString bisherQuelle = Data1->RecordSource();
+    try {
+        Dateiauswahl d;
+        d.titel = QStringLiteral(" Speichern unter");
+        d.filter = QStringLiteral("Datenbank (*.db) |*.db|alle Dateien (*.*) |*.*");
+        d.startordner = DatenbankOrdner;
+        d.filterIndex = 1;
+        d.speichern = true;
+        const QString pfad = D().dialoge().Datei(d);
+        if (pfad.isEmpty())
+            throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
+        if (QFile::exists(pfad)) {
+            MsgNimb(QStringLiteral("Die Datenbank existiert schon und kann nicht überschrieben werden."), 3, 0,
+                    QStringLiteral("Sicherheitshinweis"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
+            return;
+        }
+        // Closing writes what is pending, so the copy holds every row.
+        Data1->schliessen();
+        QCoreApplication::processEvents();
+        kopieren(Lesen(QStringLiteral("ArchivPfad"), vorlage()), pfad);
+        QCoreApplication::processEvents();
+        Data1->setDatabaseName(pfad);
+        Data1->setRecordSource(NachBand);
+        Data1->Refresh();
+        QCoreApplication::processEvents();
+        Speichern(QStringLiteral("Data1RecordSource"), NachBand);
+        TabelleEinrichten();
+        staBar->setPanelText(1, DateinameAusPfad(pfad));
+        DatenbankOrdner = OrdnerAusPfad(pfad);
+        Speichern(QStringLiteral("ArchivPfad"), pfad);
+        CoverAktualisieren();
+    } catch (const Laufzeitfehler& fehler) {
+        DatenbankWiederOeffnen(bisher, bisherQuelle);
+        Fehlermeldung(fehler, QStringLiteral("Ausgabeboxbox_mnuSpeichernUnter_Click"));
+    }
+}
+
+void Ausgabebox::DatenbankWiederOeffnen(const QString& pfad, const QString& quelle)
+{
+    // After a failed copy the catalogue of before comes back, so that work goes on.
+    if (pfad.isEmpty() || Data1->database())
+        return;
+    try {
+        Data1->setDatabaseName(pfad);
+        Data1->setRecordSource(quelle);
+        Data1->Refresh();
+    } catch (const Laufzeitfehler&) {
+    }
+}
+
+void Ausgabebox::MenuAktualisieren_Click()
+{
+    try {
+        Data1->setRecordSource(QStringLiteral("Schallplatten"));
+        Data1->setRecordSource(GanzeTabelle);
+        Data1->Refresh();
+        QCoreApplication::processEvents();
+        Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
+        lblTabellenName->setText(QStringLiteral("alle"));
+        Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
+        CoverAktualisieren();
+        TabelleEinrichten();
+        CoverDown();
+    } catch (const Laufzeitfehler& fehler) {
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuAktualisieren_Click"));
+    }
+}
+
+QString Ausgabebox::OrdnerEintrag(int index) const
+{
+    return mnuOrdner[size_t(index)]->data().toString();
+}
+
+void Ausgabebox::OrdnerEintragSetzen(int index, const QString& pfad)
+{
+    QAction* a = mnuOrdner[size_t(index)];
+    a->setData(pfad);
+    // A path may hold "&", which a menu caption would take for an access key.
+    a->setText(QString(pfad).replace(u'&', QStringLiteral("&&")));
+    a->setVisible(!pfad.isEmpty());
+}
+
+void Ausgabebox::OrdnerMenuPfad(const QString& pfad)
+{
+    for (int i = 0; i < 10; ++i)
+        if (OrdnerEintrag(i) == pfad)
+            OrdnerEintragSetzen(i, QString());
+    for (int i = 0; i < 9; ++i) {
+        if (OrdnerEintrag(i).isEmpty() && !OrdnerEintrag(i + 1).isEmpty()) {
+            for (int k = i; k < 9; ++k)
+                OrdnerEintragSetzen(k, OrdnerEintrag(k + 1));
+            OrdnerEintragSetzen(9, QString());
+        }
+    }
+    for (int i = 9; i >= 1; --i)
+        OrdnerEintragSetzen(i, OrdnerEintrag(i - 1));
+    OrdnerEintragSetzen(0, pfad);
+    for (int i = 0; i < 10; ++i)
+        Speichern(QStringLiteral("%1Ordnerpfad").arg(i), OrdnerEintrag(i));
+}
+
+void Ausgabebox::mnuOrdner_Click(int index)
+{
+    const QString pfad = OrdnerEintrag(index);
+    if (DateiVorhanden(pfad)) {
+        mnuOeffnen_Click(pfad);
+        return;
+    }
+    const QString antwort = MsgNimb(QStringLiteral("Diese Datenbank ist nicht mehr vorhanden bzw. nicht erreichbar!\n")
+                                        + pfad + QStringLiteral("\n\nSoll der Menüeintrag entfernen werden?"),
+                                    22, 1, QStringLiteral("Datenbank nicht gefunden"), 0);
+    if (antwort != u"Ja")
+        return;
+    OrdnerEintragSetzen(index, QString());
+    Speichern(QStringLiteral("%1Ordnerpfad").arg(index), QString());
+}

@@ -1,0 +1,141 @@
+// The record view: the bound fields follow the current record of Data1; what else
+// happens at each change of the record; the six stars of the Carrier.
+#include "shell/Ausgabebox.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+#include "shell/Symbole.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QTabBar>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+void Ausgabebox::GebundeneFelderLaden()
+{
+    Recordset* rs = Data1->recordset();
+    m_gebundenLaden = true;
+    m_geladeneWerte.assign(m_bindungen.size(), QString());
+    for (size_t i = 0; i < m_bindungen.size(); ++i) {
+        const Bindung& b = m_bindungen[i];
+        const QString wert = rs ? rs->Value(b.feld).toString() : QString();
+        m_geladeneWerte[i] = wert;
+        if (auto* feld = qobject_cast<Textfeld*>(b.steuerelement)) {
+            feld->setText(wert);
+            feld->setCursorPosition(0);
+        } else if (auto* text = qobject_cast<QTextEdit*>(b.steuerelement)) {
+            TextfensterSetzen(text, wert);
+            text->document()->setModified(false);
+        }
+    }
+    QPixmap bild;
+    if (rs) {
+        const QByteArray bytes = rs->Value(QStringLiteral("Bilder")).toByteArray();
+        if (!bytes.isEmpty())
+            bild.loadFromData(bytes);
+    }
+    Bild1->setBild(bild);
+    m_gebundenLaden = false;
+}
+
+void Ausgabebox::Data1_Validate()
+{
+    Recordset* rs = Data1->recordset();
+    if (!rs || m_gebundenLaden || m_geladeneWerte.size() != m_bindungen.size())
+        return;
+    for (size_t i = 0; i < m_bindungen.size(); ++i) {
+        const Bindung& b = m_bindungen[i];
+        if (auto* feld = qobject_cast<Textfeld*>(b.steuerelement)) {
+            if (feld->text() != m_geladeneWerte[i]) {
+                rs->setValue(b.feld, feld->text());
+                m_geladeneWerte[i] = feld->text();
+            }
+        } else if (auto* text = qobject_cast<QTextEdit*>(b.steuerelement)) {
+            if (text->document()->isModified()) {
+                const QString wert = TextfensterLesen(text);
+                rs->setValue(b.feld, wert);
+                m_geladeneWerte[i] = wert;
+                text->document()->setModified(false);
+            }
+        }
+    }
+}
+
+void Ausgabebox::Data1_Reposition()
+{
+    // Errors are ignored here: the handler also runs while there is no recordset.
+    GebundeneFelderLaden();
+    CDSterneZeichnen();
+    if (AutosizeLaeuft)
+        return;
+    cboBildpfad->clear();
+    TrackIndex = 0;
+    TrackListeLaden();
+    AnzahlTontraeger();
+    TabelleEinrichten();
+}
+
+void Ausgabebox::TrackListeLaden()
+{
+    filTrack->setPath(ProgrammOrdner + QStringLiteral("Leer"));
+    filTrack->setEnabled(false);
+    const QString musik = TextMusikpfad->text();
+    bool gefunden = false;
+    if (musik.size() >= 2) {
+        QDir ordner(musik);
+        gefunden = ordner.exists() && !ordner.entryList(QDir::Files | QDir::Readable).isEmpty();
+    }
+    if (!gefunden) {
+        Bez[12]->setText(QStringLiteral("Tracks && Movies "));
+        return;
+    }
+    filTrack->setPath(musik);
+    filTrack->setEnabled(true);
+    if (filTrack->count() > 0) {
+        filTrack->setCurrentRow(0);
+        filTrack->setSelected(0, true);
+    }
+    TrackMarken.assign(size_t(filTrack->count()), false);
+    Bez[12]->setText(QStringLiteral("Tracks && Movies ") + QString::number(filTrack->count()));
+}
+
+void Ausgabebox::AnzahlTontraeger()
+{
+    if (Recordset* rs = Data1->recordset())
+        staBar->setPanelText(3, QStringLiteral("Tonträger: ") + QString::number(rs->RecordCount()));
+}
+
+void Ausgabebox::CDSterneZeichnen()
+{
+    for (Bildfeld* s : imgCDnote)
+        s->setBild(imgSternGrau->Bild());
+    bool ok = false;
+    const double wert = txtBewertung->text().trimmed().toDouble(&ok);
+    if (!ok || wert < 0 || wert >= 7)
+        return;
+    for (int i = 0; i < 6 && i < wert; ++i)
+        imgCDnote[size_t(i)]->setBild(imgStern->Bild());
+}
+
+void Ausgabebox::imgCDnote_Click(int index)
+{
+    lvwPlaylist->hide();
+    tabTexte->show();
+    for (Bildfeld* s : imgCDnote)
+        s->setBild(imgSternGrau->Bild());
+    for (int i = 0; i <= index && i < 6; ++i)
+        imgCDnote[size_t(i)]->setBild(imgStern->Bild());
+    // The rating is an edit of the record; it is written at the next save or move.
+    txtBewertung->setText(QString::number(index + 1));
+}
+
+void Ausgabebox::TextfensterSetzen(QTextEdit* text, const QString& wert)
+{
+    text->setPlainText(wert);
+}
+
+QString Ausgabebox::TextfensterLesen(QTextEdit* text) const { return text->toPlainText(); }

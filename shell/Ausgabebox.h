@@ -1,0 +1,401 @@
+#pragma once
+// The main window and application object. It owns the catalogue (Data1), the table
+// (MSFlexGrid1), the bound record controls, the Track list, the playlist and the
+// player's members and timers. Other windows read and drive its controls directly.
+//
+// The procedures are implemented in files grouped by subsystem:
+//   shell/Ausgabebox_Aufbau.cpp          controls, menus and their design places
+//   shell/Ausgabebox_Start.cpp           start, settings, layout, end
+//   catalogue/Ausgabebox_Datenbank.cpp   load, new, save as, refresh, recent list
+//   catalogue/Ausgabebox_Datensatz.cpp   bound fields, reposition, Carrier stars
+//   catalogue/Ausgabebox_Tabelle.cpp     table layout and table events
+//   and the files of the later subsystems, which add their procedures here.
+#include <QMainWindow>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <vector>
+
+class Bildfeld;
+class Bildknopf;
+class Dateiliste;
+class Datensteuerung;
+class FlexGrid;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QProgressBar;
+class QPushButton;
+class QTabBar;
+class QTextEdit;
+class QTreeWidget;
+class QVideoWidget;
+class Statusleiste;
+class Textfeld;
+class Zeitgeber;
+
+class Ausgabebox : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit Ausgabebox(QWidget* eltern = nullptr);
+    ~Ausgabebox() override;
+
+    // The caption of the window when nothing runs in its title.
+    static const QString Titel;
+
+    // ---- Start and end (shell/Ausgabebox_Start.cpp) ----
+    void Form_Load();
+    // True when another instance runs: it was raised, the notice shown, the process ended.
+    bool Mehrfachstart();
+    void RegistryLesen();
+    void DatenbankCheck(const QString& pfad);
+    void Form_Resize();
+    void Form_QueryUnload();
+    void Form_Unload();
+    void MenuBeenden();
+    // Unloads every other window still loaded; a nested call returns at once.
+    void AlleFensterSchliessen();
+    void TipboxLaden();
+
+    // ---- Catalogue file operations (catalogue/Ausgabebox_Datenbank.cpp) ----
+    // With a path the dialog is skipped (the recent list hands its entry over).
+    void mnuOeffnen_Click(const QString& pfad = {});
+    void mnuNeueDatenbank_Click();
+    void mnuSpeichernUnter_Click();
+    void MenuAktualisieren_Click();
+    void OrdnerMenuPfad(const QString& pfad);
+    // The path of recent entry n, and setting it (an empty path hides the entry).
+    QString OrdnerEintrag(int index) const;
+    void OrdnerEintragSetzen(int index, const QString& pfad);
+    void DatenbankWiederOeffnen(const QString& pfad, const QString& quelle);
+    void mnuOrdner_Click(int index);
+    void mnuDatenbank_Click();
+
+    // ---- Record view (catalogue/Ausgabebox_Datensatz.cpp) ----
+    void Data1_Reposition();
+    void Data1_Validate();
+    void AnzahlTontraeger();
+    void CDSterneZeichnen();
+    void imgCDnote_Click(int index);
+    void TrackListeLaden();
+    // Fills the bound controls from the current record.
+    void GebundeneFelderLaden();
+    // The text of a rich text pane from a field, and back.
+    void TextfensterSetzen(QTextEdit* text, const QString& wert);
+    QString TextfensterLesen(QTextEdit* text) const;
+
+    // ---- Table (catalogue/Ausgabebox_Tabelle.cpp) ----
+    void TabelleEinrichten();
+    // Reads TabelleAnordnenCaption0 to 17 into SpaltenTitel.
+    void SpaltenTitelLesen();
+    // Visibility and widths by SpaltenTitel, column n by position n (redraw is the caller's).
+    void SpaltenSichtbarkeitAnwenden();
+    void MSFlexGrid1_RowColChange();
+    // Index of the grid column whose head is the name, -1 when none.
+    int SpalteSuchen(const QString& kopf) const;
+
+    // ---- Filled in by later subsystems ----
+    void CoverListeAktuell();
+    void CoverAktualisieren();
+    void CoverDown();
+    void AbspielausschlusslisteLaden();
+    void BandAbspielausschlusslisteLaden();
+    void TontraegerZufaellig();
+    void BezLaden();
+    void LastanzeigeStarten();
+    void PlaylistSpeichern();
+
+    // ---- State of the window ----
+    QString AktivesFeld;
+    QString AktivesTextfeld;
+    std::array<QString, 18> SpaltenTitel;
+    int ShuffleSongProCD = 1;
+    // The standard font of the text panes, for new entries.
+    QString StandardFontName = QStringLiteral("Segoe UI");
+    double StandardFontsize = 12;
+    bool StandardFontBold = false;
+    bool StandardFontItalic = false;
+    bool StandardFontStrikethru = false;
+    bool StandardFontUnderline = false;
+    qint64 StandardColor = 0;
+    // Per-Track marks of the sequencer, one per entry of filTrack.
+    std::vector<bool> TrackMarken;
+    int TrackItemHoehe = 0;
+    int CoverLetzterPlatz = 0;
+    int CoverStart = 0;
+    bool PlaylistGeaendert = false;
+    // Set when the load handler failed; the rest of the start was skipped.
+    bool LadenFehlgeschlagen = false;
+
+    // ---- Controls ----
+    QWidget* Innen = nullptr; // the inner area, in which all lengths are measured
+
+    // Catalogue and table
+    Datensteuerung* Data1 = nullptr;
+    FlexGrid* MSFlexGrid1 = nullptr;
+    std::array<QPushButton*, 32> ButtonAlpabeth{};
+    QPushButton* cmdABC = nullptr;
+    QCheckBox* chkTabelle = nullptr;
+    QLabel* lblTabellenName = nullptr;
+    Textfeld* txtSuchen = nullptr;
+
+    // Record form
+    Textfeld* TextBand = nullptr;
+    Textfeld* TextLPTitel = nullptr;
+    Textfeld* TextMedium = nullptr;
+    Textfeld* TextStil = nullptr;
+    Textfeld* TextInfo = nullptr;
+    Textfeld* TextPlattenfirma = nullptr;
+    Textfeld* TextBestellNr = nullptr;
+    Textfeld* TextPreis = nullptr;
+    Textfeld* TextKaufdatum = nullptr;
+    Textfeld* TextMusikpfad = nullptr;
+    Bildknopf* imgMusikpfad = nullptr;
+    QPushButton* cmdBandTitel = nullptr;
+    std::array<QLabel*, 14> Bez{};
+    Textfeld* txtBewertung = nullptr;
+    Textfeld* txtBildpfad = nullptr;
+    Textfeld* txtEbook = nullptr;
+    std::array<Bildfeld*, 6> imgCDnote{};
+    QComboBox* cboEbook = nullptr;
+    Bildknopf* imgEbookOpen = nullptr;
+    Bildknopf* imgEbookKill = nullptr;
+    Bildknopf* imgEbookPlay = nullptr;
+
+    // Text tabs and the playlist that shares their place
+    QTabBar* tabTexte = nullptr;
+    QTextEdit* TextSongs = nullptr;
+    QTextEdit* txtSongText = nullptr;
+    QTextEdit* rtfLinks = nullptr;
+    QTextEdit* rtfInfo = nullptr;
+    QTextEdit* rtfSonstiges = nullptr;
+    QPushButton* cmdTextBig = nullptr;
+    QPushButton* cmdTextSmall = nullptr;
+    std::array<Bildknopf*, 15> ButtonText{}; // index 10 stays empty
+    Dateiliste* filPlaylist = nullptr;
+    QTreeWidget* lvwPlaylist = nullptr;
+
+    // Covers
+    Bildfeld* Bild1 = nullptr;
+    Bildfeld* imgBildpfad = nullptr;
+    QComboBox* cboBildpfad = nullptr;
+    QCheckBox* chkBildpfad = nullptr;
+    Bildfeld* picCoverGreat = nullptr;
+    std::array<Bildfeld*, 22> imgCover{};
+    QPushButton* cmdCoverUp = nullptr;
+    QPushButton* cmdCoverDown = nullptr;
+    QListWidget* lstCover = nullptr;
+    Dateiliste* filCover = nullptr;
+
+    // Track list and player
+    Dateiliste* filTrack = nullptr;
+    QFrame* fraSternTrack = nullptr;
+    std::array<Bildfeld*, 6> imgSongNote{};
+    Bildknopf* imgStart = nullptr;
+    Bildknopf* imgStop = nullptr;
+    std::array<Bildknopf*, 2> imgPause{};
+    Bildknopf* imgResume = nullptr;
+    std::array<Bildknopf*, 2> imgVorBack{};
+    std::array<Bildknopf*, 3> imgPosAB{};
+    Bildknopf* imgMiniPlayer = nullptr;
+    Bildknopf* imgLiedzufall = nullptr;
+    Bildknopf* imgLautsprecherregler = nullptr;
+    QPushButton* cmdInfoTrack = nullptr;
+    QVideoWidget* MediaPlayer1 = nullptr;
+    QCheckBox* chkVisualisierung = nullptr;
+    QCheckBox* chkVollbild = nullptr;
+    QCheckBox* chkAlleTracks = nullptr;
+    QCheckBox* chkRepeat = nullptr;
+    QCheckBox* chkShuffle = nullptr;
+    QCheckBox* chkTracksZufaellig = nullptr;
+    QCheckBox* chkTracksAnspielen = nullptr;
+    QCheckBox* chkMarkTracks = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+
+    // Tool bar row
+    std::array<Bildknopf*, 21> cmdButton{};
+    QLabel* lblGradiant = nullptr;
+    QPushButton* cmdPlayAsso = nullptr;
+
+    Statusleiste* staBar = nullptr;
+
+    // Hidden helpers
+    QListWidget* lstAbspielausschluss = nullptr;
+    QListWidget* lstBandAusschluss = nullptr;
+    Dateiliste* filHtml = nullptr;
+    QLabel* lblTemp = nullptr;
+    QTextEdit* rtf2Text = nullptr;
+    Textfeld* txtdummy = nullptr;
+    Bildfeld* imgStern = nullptr;
+    Bildfeld* imgSternGrau = nullptr;
+
+    // Timers
+    Zeitgeber* Timer1 = nullptr;
+    Zeitgeber* Timer2 = nullptr;
+    Zeitgeber* Timer4 = nullptr;
+    Zeitgeber* TimerPosAB = nullptr;
+    Zeitgeber* TimerSleep = nullptr;
+
+    // ---- Menus ----
+    QMenu* mnuDatei = nullptr;
+    QMenu* MenuBearbeiten = nullptr;
+    QMenu* mnuTabelle = nullptr;
+    QMenu* mnuPlayer = nullptr;
+    QMenu* mnuPlaylist = nullptr;
+    QMenu* mnuBild = nullptr;
+    QMenu* mnuSchrift = nullptr;
+    QMenu* mnuExtras = nullptr;
+    QMenu* mnuOptionen = nullptr;
+    QMenu* MenuHelp = nullptr;
+    QMenu* mnuSpaltenkopf = nullptr;
+
+    QAction* mnuOeffnen = nullptr;
+    QAction* mnuNeueDatenbank = nullptr;
+    QAction* mnuSpeichernUnter = nullptr;
+    QAction* MenuAktualisieren = nullptr;
+    std::array<QAction*, 10> mnuOrdner{};
+    QAction* MenuDrucken = nullptr;
+    QAction* mnuVorschauDrucken = nullptr;
+    QAction* mnuBacksitePrint = nullptr;
+    QAction* mnuViewBacksitePrint = nullptr;
+    QAction* mnuTabelleDrucken = nullptr;
+    QAction* Menu_Backup = nullptr;
+    QAction* MenuBeendenAktion = nullptr;
+
+    QAction* MenuNeuEingabe = nullptr;
+    QAction* MenuSpeichern = nullptr;
+    QAction* MenuEintragLoeschen = nullptr;
+    QAction* mnuKopieren = nullptr;
+    QAction* mnuTontraegerEinfuegen = nullptr;
+    QAction* mnuTabelleExportieren = nullptr;
+    QAction* mnuTabelleImportieren = nullptr;
+    QAction* MenuSuchen = nullptr;
+
+    QAction* mnuTabelleAutosize = nullptr;
+    QAction* mnuTabelleAnordnen = nullptr;
+    QAction* mnuAllesMarkieren = nullptr;
+    QAction* MenuSQLabfrage = nullptr;
+
+    QAction* mnuWinPlayerVerwenden = nullptr;
+    QAction* mnuPauseZwischenTracks = nullptr;
+    QAction* mnuLiedLang = nullptr;
+    QAction* mnuSleep = nullptr;
+    QAction* mnuCDplayer = nullptr;
+    QAction* mnuDVDplayer = nullptr;
+    QAction* mnuWebCam = nullptr;
+    QAction* mnuRillenkammerPlayer = nullptr;
+
+    QAction* mnuPlaylistNeu = nullptr;
+    QAction* mnuPlaylistLaden = nullptr;
+    QAction* mnuPlaylistAnzeigen = nullptr;
+    QAction* mnuPlaylistKill = nullptr;
+    QAction* mnuPlaylistHaken = nullptr;
+    QAction* mnuPlaylistAufnehmen = nullptr;
+    QAction* mnuPlaylistKopieren = nullptr;
+    QAction* mnuTontraegerGenerieren = nullptr;
+    QAction* mnuAlleSongsKopieren = nullptr;
+
+    QAction* mnuBildLaden = nullptr;
+    QAction* MenuBildkopieren = nullptr;
+    QAction* MenuBildEinfuegen = nullptr;
+    QAction* mnuCoverExAblegen = nullptr;
+    QAction* mnuBildScannen = nullptr;
+    QAction* mnuBildDatenbankpfad = nullptr;
+    QAction* mnuBildLoeschen = nullptr;
+    QAction* mnuCoverPfadEnfernen = nullptr;
+
+    QAction* mnuSchriftTiefgestellt = nullptr;
+    QAction* mnuSchriftHochgestellt = nullptr;
+    QAction* mnuSchriftDurchstrichen = nullptr;
+    QAction* mnuRandLinks = nullptr;
+    QAction* mnuRandRechts = nullptr;
+
+    QAction* mnuInPlaylistAufnehmen = nullptr;
+    QAction* mnuTrackName = nullptr;
+    QAction* mnuTracksRenameTextTrack = nullptr;
+    QAction* mnuTrackSuchenErsetzen = nullptr;
+    QAction* mnuTrackKill = nullptr;
+    QAction* mnuTrackSpeichernUnter = nullptr;
+    QAction* mnuTracksZeichenEntfernen = nullptr;
+    QAction* mnuTracksZeichenHintenEntfernen = nullptr;
+    QAction* mnuTrackGrossbuchstabe = nullptr;
+    QAction* mnuSongsZeichenEntfernen = nullptr;
+    QAction* mnuTrackMovieCopy = nullptr;
+    QAction* mnuTrackMovieUmbenennen = nullptr;
+    QAction* mnuAnzahlInterpreten = nullptr;
+    QAction* mnuAnzahlTracks = nullptr;
+    QAction* mnuID3Tag = nullptr;
+    QAction* MenuVerzeichnis = nullptr;
+    QAction* mnuFreeDB = nullptr;
+    QAction* mnuDatenbank = nullptr;
+    QAction* mnuHtmlSeitenErstellen = nullptr;
+    QAction* mnuHtmlSeitenAnzeigen = nullptr;
+    QAction* mnuWebTabelleAnordnen = nullptr;
+    QAction* mnuWebsiteAnzeigen = nullptr;
+    QAction* mnuFTPupload = nullptr;
+    QAction* mnuSongTextEinAus = nullptr;
+    QAction* mnuWeblink = nullptr;
+    QAction* mnuTranslation = nullptr;
+    QAction* mnuDeeplWrite = nullptr;
+    QAction* mnuExtraHelp = nullptr;
+
+    QAction* mnuStilrichtungAusschliessen = nullptr;
+    QAction* mnuBandAusschliessen = nullptr;
+    QAction* mnuLaufschrift = nullptr;
+    QAction* mnuMiniPlayerOnTop = nullptr;
+    QAction* mnuStartLautregler = nullptr;
+    QAction* mnuProgSchrift = nullptr;
+    QAction* mnuStandardschriftEinstellen = nullptr;
+
+    QAction* Menu_Hilfe = nullptr;
+    QAction* mnuReadMe = nullptr;
+    QAction* mnuUpdateSuchen = nullptr;
+    QAction* MenuTipOfDay = nullptr;
+    QAction* MenuInfo = nullptr;
+    QAction* mnuFAQ = nullptr;
+    QAction* mnuProblembericht = nullptr;
+    QAction* mnuWebsiteAufrufen = nullptr;
+    QAction* mnuSpende = nullptr;
+    QAction* mnuUpdateCheck = nullptr;
+    QAction* mnuUpdateCheckAllwaysOff = nullptr;
+    QAction* mnuUpdateIE = nullptr;
+
+    std::array<QAction*, 15> mnuSpalte{};
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+    void changeEvent(QEvent* e) override;
+    bool eventFilter(QObject* objekt, QEvent* ereignis) override;
+
+private:
+    // shell/Ausgabebox_Aufbau.cpp
+    void SteuerelementeAnlegen();
+    void MenusAnlegen();
+    void EreignisseVerbinden();
+    // Shows the panes of the chosen text tab (1 covers, 2 to 4 texts, 5 playlists).
+    void TextseiteZeigen();
+    void Entwurfsplaetze();
+    // Places a control in twips of the inner area.
+    static void Platz(QWidget* w, int links, int oben, int breite, int hoehe);
+
+    // The bound record controls: control, column.
+    struct Bindung {
+        QWidget* steuerelement;
+        QString feld;
+    };
+    std::vector<Bindung> m_bindungen;
+    std::vector<QString> m_geladeneWerte; // what each bound control got from the record
+    bool m_gebundenLaden = false; // the record fills the controls, no edit
+    bool m_entladen = false;
+    bool m_fensterSchliessenLaeuft = false;
+    class Einzelinstanz* m_instanz = nullptr;
+};
+
+// The one main window, for the other windows; nullptr before it exists.
+extern Ausgabebox* Hauptfenster;

@@ -1,0 +1,478 @@
+// The road from the start of the process to a usable main window and back.
+#include "shell/Ausgabebox.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "platform/Dialogdienst.h"
+#include "platform/Dienste.h"
+#include "platform/Einheiten.h"
+#include "platform/Einzelinstanz.h"
+#include "platform/Laufzeitfehler.h"
+#include "platform/Mauszeiger.h"
+#include "platform/Pfade.h"
+#include "platform/Textdatei.h"
+#include "platform/Uhr.h"
+#include "shell/Anwendung.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Mausrad.h"
+#include "shell/Steuerelemente.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QFontInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+#include <optional>
+
+Ausgabebox* Hauptfenster = nullptr;
+const QString Ausgabebox::Titel = QStringLiteral("Rillenkammer - Lumivox");
+
+namespace {
+
+const QString StandardQuelle = QStringLiteral("select * from Schallplatten order by Band, LPTitel");
+
+// A setting as a number; nothing when it does not convert, so the caller keeps what it has.
+std::optional<double> alsZahl(const QString& text)
+{
+    bool ok = false;
+    double wert = text.trimmed().toDouble(&ok);
+    if (!ok)
+        wert = QString(text.trimmed()).replace(u',', u'.').toDouble(&ok);
+    if (!ok)
+        return std::nullopt;
+    return wert;
+}
+
+QString wahrheit(bool wert) { return wert ? QStringLiteral("True") : QStringLiteral("False"); }
+
+// A truth value as the settings hold it: "True"/"False", or a number (not 0 is true).
+std::optional<bool> alsWahrheit(const QString& text)
+{
+    const QString t = text.trimmed();
+    if (t.compare(u"True", Qt::CaseInsensitive) == 0 || t.compare(u"Wahr", Qt::CaseInsensitive) == 0)
+        return true;
+    if (t.compare(u"False", Qt::CaseInsensitive) == 0 || t.compare(u"Falsch", Qt::CaseInsensitive) == 0)
+        return false;
+    if (const auto zahl = alsZahl(t))
+        return *zahl != 0;
+    return std::nullopt;
+}
+
+} // namespace
+
+Ausgabebox::Ausgabebox(QWidget* eltern)
+    : QMainWindow(eltern)
+{
+    setObjectName(QStringLiteral("Ausgabebox"));
+    setWindowTitle(Titel);
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    SteuerelementeAnlegen();
+    MenusAnlegen();
+    Entwurfsplaetze();
+    EreignisseVerbinden();
+    for (int i = 0; i < 18; ++i)
+        SpaltenTitel[size_t(i)].clear();
+    staBar->setPanelText(2, QStringLiteral("no play"));
+    staBar->setPanelText(6, QStringLiteral("Sleep Off"));
+    resize(Px(15225), Px(10725));
+    Hauptfenster = this;
+}
+
+Ausgabebox::~Ausgabebox()
+{
+    Mausrad::instanz().MausradAus();
+    if (Hauptfenster == this)
+        Hauptfenster = nullptr;
+}
+
+bool Ausgabebox::Mehrfachstart()
+{
+    m_instanz = new Einzelinstanz(QStringLiteral("Rillenkammer"), this);
+    if (!m_instanz->andereInstanzWecken()) {
+        m_instanz->lauschen();
+        connect(m_instanz, &Einzelinstanz::nachVorn, this, [this] {
+            if (isMinimized())
+                showNormal();
+            raise();
+            activateWindow();
+        });
+        return false;
+    }
+    // The other instance has been asked to come to the front.
+    QCoreApplication::processEvents();
+    MsgNimb(QStringLiteral("Rillenkammer läuft bereits!"), 1, 0, QStringLiteral("Hinweis"), 0);
+    D().prozess().beenden(0);
+    return true;
+}
+
+void Ausgabebox::Form_Load()
+{
+    // 1. A second instance ends here, before it touches any setting or file.
+    if (Mehrfachstart())
+        return;
+    QString pfad;
+    try {
+        // 2.
+        ProgrammOrdner = MitSchraegstrich(ProgrammOrdnerErmitteln());
+        QDir().mkpath(ProgrammOrdner);
+        RessourcenKopieren(ProgrammOrdner);
+        // 3. - 5.
+        Mauszeiger(ZeigerSanduhr);
+        staBar->setPanelText(1, QStringLiteral(" Datenbank wird geladen..."));
+        Speichern(QStringLiteral("ProgrammName"), QStringLiteral("R i l l e n k a m m e r"));
+        Speichern(QStringLiteral("ErscheinungsJahr"), QStringLiteral("1998"));
+        // 6. - 7.
+        Platz(lvwPlaylist, 1500, 750, 6990, 5505);
+        RegistryLesen();
+        // 8. The database: the saved one, at the very first start the installer's hint.
+        const QString vorlage = ProgrammOrdner + QStringLiteral("Archiv_leer.db");
+        const QString archiv = Lesen(QStringLiteral("ArchivPfad"), QString());
+        if (!archiv.isEmpty()) {
+            pfad = DateiVorhanden(archiv) ? archiv : vorlage;
+        } else {
+            const QString hinweis = ProgrammOrdner + QStringLiteral("PfadErststart.txt");
+            pfad = DateiVorhanden(hinweis) ? ErsteZeile(hinweis) : vorlage;
+            Speichern(QStringLiteral("ArchivPfad"), pfad);
+        }
+        // 9. - 10.
+        DatenbankOrdner = OrdnerAusPfad(pfad);
+        if (DateiVorhanden(pfad)) {
+            Data1->setDatabaseName(pfad);
+            Data1->setRecordSource(Lesen(QStringLiteral("Data1RecordSource"), StandardQuelle));
+            Data1->Refresh();
+            QCoreApplication::processEvents();
+            TabelleEinrichten();
+            staBar->setPanelText(1, DateinameAusPfad(pfad));
+            lblTabellenName->setText(Lesen(QStringLiteral("TabellenName"), QStringLiteral("alle")));
+        }
+        // 11. - 12.
+        for (const char* ordner : {"Bilder", "Leer", "eBook", "html", "Playlist"})
+            QDir().mkpath(ProgrammOrdner + QLatin1String(ordner));
+        filHtml->setPath(ProgrammOrdner + QStringLiteral("html"));
+        filCover->setPath(DatenbankOrdner + QStringLiteral("Bilder"));
+        // 13. - 18.
+        CoverListeAktuell();
+        AbspielausschlusslisteLaden();
+        BandAbspielausschlusslisteLaden();
+        DatenbankCheck(pfad);
+        TontraegerZufaellig();
+        BezLaden();
+        LastanzeigeStarten();
+        // 19. - 22.
+        filPlaylist->setPath(DatenbankOrdner + QStringLiteral("Playlist/"));
+        TrackItemHoehe = filTrack->fontMetrics().height() + 2;
+        if (filTrack->count() > 0)
+            TrackItemHoehe = filTrack->visualItemRect(filTrack->item(0)).height();
+        tabTexte->setCurrentIndex(0); // tab 1, the covers
+        Mauszeiger(ZeigerStandard);
+    } catch (const Laufzeitfehler& fehler) {
+        LadenFehlgeschlagen = true;
+        staBar->setPanelText(1, QStringLiteral(" Fehler beim Laden der Datenbank!"));
+        Mauszeiger(ZeigerStandard);
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_Form_Load"));
+    }
+}
+
+void Ausgabebox::RegistryLesen()
+{
+    // Each key on its own: a value that does not convert leaves the design state.
+    const QString zustand = Lesen(QStringLiteral("WindowState"), QStringLiteral("0"));
+    if (const auto z = alsZahl(zustand)) {
+        if (*z == 2)
+            setWindowState(Qt::WindowMaximized);
+        else if (*z == 1)
+            setWindowState(Qt::WindowMinimized);
+        else if (*z == 0)
+            setWindowState(Qt::WindowNoState);
+    }
+    const QRect alt = geometry();
+    int links = alt.x(), oben = alt.y(), breite = alt.width(), hoehe = alt.height();
+    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxLeft"), QStringLiteral("0"))))
+        links = Px(*v);
+    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxTop"), QStringLiteral("0"))))
+        oben = Px(*v);
+    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxWidth"), QStringLiteral("15225"))); v && *v > 0)
+        breite = Px(*v);
+    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxHeight"), QStringLiteral("10725"))); v && *v > 0)
+        hoehe = Px(*v);
+    move(links, oben);
+    resize(breite, hoehe);
+
+    if (const auto v = alsZahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1"))))
+        ShuffleSongProCD = int(*v);
+    mnuLaufschrift->setChecked(Lesen(QStringLiteral("Laufschrift"), QStringLiteral("ein")) == u"ein");
+    if (const auto v = alsZahl(Lesen(QStringLiteral("HäkchenBildpfad"))))
+        chkBildpfad->setChecked(*v != 0);
+    if (!chkBildpfad->isChecked()) {
+        cboBildpfad->hide();
+        imgBildpfad->hide();
+        Bild1->show();
+    }
+    mnuBildDatenbankpfad->setChecked(Lesen(QStringLiteral("BildLadePfad"), QStringLiteral("True")) == u"True");
+    mnuMiniPlayerOnTop->setChecked(Lesen(QStringLiteral("MiniPlayerOnTop"), QStringLiteral("True")) == u"True");
+    mnuWinPlayerVerwenden->setChecked(Lesen(QStringLiteral("WinMediaPlayer"), QStringLiteral("True")) == u"True");
+    chkVisualisierung->setChecked(Lesen(QStringLiteral("WinMediaPlayerVisualisierung"), QStringLiteral("1")) == u"1");
+    chkTabelle->setChecked(Lesen(QStringLiteral("TopRow"), QStringLiteral("0")) == u"1");
+
+    SpaltenTitelLesen();
+    MSFlexGrid1->setRedraw(false);
+    SpaltenSichtbarkeitAnwenden();
+    MSFlexGrid1->setRedraw(true);
+    QCoreApplication::processEvents();
+
+    // The links pane has a fixed look.
+    QFont linkSchrift(QStringLiteral("Segoe UI"), 12);
+    linkSchrift.setUnderline(true);
+    rtfLinks->setFont(linkSchrift);
+    QTextCharFormat linkFormat;
+    linkFormat.setFont(linkSchrift);
+    linkFormat.setForeground(VBFarbe(0xFF0000));
+    rtfLinks->setCurrentCharFormat(linkFormat);
+    QTextBlockFormat einzug;
+    einzug.setLeftMargin(Px(50));
+    rtfLinks->textCursor().mergeBlockFormat(einzug);
+
+    StandardFontName = Lesen(QStringLiteral("StandardFontName"), QStringLiteral("Segoe UI"));
+    for (QTextEdit* t : {TextSongs, rtfInfo, rtfSonstiges}) {
+        QFont f = t->font();
+        f.setFamily(StandardFontName);
+        t->setFont(f);
+    }
+    if (const auto v = alsZahl(Lesen(QStringLiteral("StandardFontsize"), QStringLiteral("12"))); v && *v > 0)
+        StandardFontsize = *v;
+    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontBold"), wahrheit(false))))
+        StandardFontBold = *v;
+    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontItalic"), wahrheit(false))))
+        StandardFontItalic = *v;
+    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontStrikethru"), wahrheit(false))))
+        StandardFontStrikethru = *v;
+    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontUnderline"), wahrheit(false))))
+        StandardFontUnderline = *v;
+    if (const auto v = alsZahl(Lesen(QStringLiteral("StandardColor"), QStringLiteral("0"))))
+        StandardColor = qint64(*v);
+
+    // The program font: what TextBand gets is what every other field gets.
+    QFont programm = TextBand->font();
+    programm.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
+    if (const auto v = alsZahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("12"))); v && *v > 0)
+        programm.setPointSizeF(*v);
+    TextBand->setFont(programm);
+    const QFontInfo bekommen(TextBand->font());
+    QFont gleich = TextBand->font();
+    gleich.setFamily(bekommen.family());
+    for (QWidget* w : std::initializer_list<QWidget*>{filPlaylist, TextKaufdatum, TextLPTitel, TextPreis,
+                                                      TextMedium, TextPlattenfirma, TextBestellNr, TextInfo,
+                                                      TextStil, TextSongs, TextMusikpfad, cboEbook,
+                                                      cboBildpfad, MSFlexGrid1, lvwPlaylist}) {
+        QFont f = w->font();
+        f.setFamily(gleich.family());
+        f.setPointSizeF(gleich.pointSizeF());
+        w->setFont(f);
+    }
+
+    for (int n = 0; n < 10; ++n)
+        OrdnerEintragSetzen(n, Lesen(QStringLiteral("%1Ordnerpfad").arg(n)));
+}
+
+void Ausgabebox::DatenbankCheck(const QString& pfad)
+{
+    for (int c = 0; c < MSFlexGrid1->Cols(); ++c)
+        if (MSFlexGrid1->TextMatrix(0, c) == u"Bewertung")
+            return;
+    Mauszeiger(ZeigerStandard);
+    const QString antwort =
+        MsgNimb(QStringLiteral("Diese Datenbank ist nicht mehr aktuell, oder nicht mehr vorhanden!\n") + pfad
+                    + QStringLiteral("\n\nDatenbank-Update einspielen?"),
+                22, 1, QStringLiteral("Datenbank updaten"), 0);
+    if (antwort != u"Ja")
+        return;
+    MsgNimb(QStringLiteral("Der Datenbank-Manager wird gestartet, dort finden Sie den Menüpunkt "
+                           "'Datenbank Update...'."),
+            1, 0, QStringLiteral("Datenbank-Manager starten"), 0);
+    mnuDatenbank_Click();
+}
+
+void Ausgabebox::mnuDatenbank_Click()
+{
+    try {
+        const QString programm = ProgrammOrdner + QStringLiteral("Karteiwart");
+        if (!D().shell().starten(programm, {}))
+            throw Laufzeitfehler(Fehlernummer::DateiNichtGefunden);
+        // The tool gets the database to itself: the program ends.
+        QCoreApplication::processEvents();
+        Data1->Refresh();
+        QCoreApplication::processEvents();
+        AlleFensterSchliessen();
+    } catch (const Laufzeitfehler& fehler) {
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuDatenbank_Click"));
+    }
+}
+
+void Ausgabebox::Form_Resize()
+{
+    // Twips of the inner area. A line whose result would be negative is skipped.
+    const int breite = Twips(Innen->width());
+    const int hoehe = Twips(Innen->height());
+    auto setze = [](QWidget* w, int links, int oben, int b, int h) {
+        if (b < 0 || h < 0)
+            return;
+        w->setGeometry(Px(links), Px(oben), Px(b), Px(h));
+    };
+    auto links = [](QWidget* w) { return Twips(w->x()); };
+    auto oben = [](QWidget* w) { return Twips(w->y()); };
+    auto weite = [](QWidget* w) { return Twips(w->width()); };
+    auto hoch = [](QWidget* w) { return Twips(w->height()); };
+
+    const int statusHoehe = std::max(Twips(staBar->sizeHint().height()), 300);
+    setze(staBar, 0, hoehe - statusHoehe, breite, statusHoehe);
+    setze(cmdCoverDown, links(cmdCoverDown), hoehe - statusHoehe - 330, weite(cmdCoverDown), hoch(cmdCoverDown));
+
+    setze(MSFlexGrid1, links(MSFlexGrid1), oben(MSFlexGrid1), weite(MSFlexGrid1),
+          hoehe - oben(MSFlexGrid1) - statusHoehe);
+    setze(MSFlexGrid1, links(MSFlexGrid1), oben(MSFlexGrid1), breite - links(MSFlexGrid1) - 100,
+          hoch(MSFlexGrid1));
+    setze(lblGradiant, links(lblGradiant), oben(lblGradiant), breite - links(lblGradiant) - weite(cmdPlayAsso),
+          hoch(lblGradiant));
+    setze(cmdPlayAsso, breite - weite(cmdPlayAsso), oben(cmdPlayAsso), weite(cmdPlayAsso), hoch(cmdPlayAsso));
+    setze(filTrack, links(filTrack), oben(filTrack), breite - links(filTrack) - 100, hoch(filTrack));
+    setze(txtSuchen, links(txtSuchen), oben(txtSuchen), weite(filTrack), hoch(txtSuchen));
+    setze(fraSternTrack, links(filTrack) + weite(filTrack) - weite(fraSternTrack), oben(fraSternTrack),
+          weite(fraSternTrack), hoch(fraSternTrack));
+    fraSternTrack->setVisible(!(weite(filTrack) + 20 < weite(fraSternTrack)));
+    setze(txtSongText, links(txtSongText), oben(txtSongText), breite - links(txtSongText) - 1700,
+          hoch(txtSongText));
+    setze(txtSongText, links(txtSongText), oben(txtSongText), weite(txtSongText),
+          hoehe - oben(txtSongText) - 620);
+
+    const int anzahl = (hoehe - 1900) / 970;
+    const int letzte = std::max(0, int(lstCover->count()) - 1);
+    CoverLetzterPlatz = std::max(0, std::min({anzahl, letzte, 21}));
+    CoverStart = CoverStart - CoverLetzterPlatz - 1;
+    CoverDown();
+
+    // The running title lives in the caption of the minimised window.
+    if (mnuLaufschrift->isChecked() && staBar->PanelText(2).contains(u"playing:")) {
+        if (isMinimized()) {
+            Timer2->setEnabled(true);
+        } else {
+            Timer2->setEnabled(false);
+            setWindowTitle(Titel);
+        }
+    }
+}
+
+void Ausgabebox::resizeEvent(QResizeEvent* e)
+{
+    QMainWindow::resizeEvent(e);
+    Form_Resize();
+}
+
+void Ausgabebox::changeEvent(QEvent* e)
+{
+    QMainWindow::changeEvent(e);
+    if (e->type() == QEvent::ActivationChange) {
+        // The wheel steps live only while the main window is active.
+        if (isActiveWindow())
+            Mausrad::instanz().MausradEin(this);
+        else
+            Mausrad::instanz().MausradAus();
+    } else if (e->type() == QEvent::WindowStateChange) {
+        Form_Resize();
+    }
+}
+
+void Ausgabebox::Form_QueryUnload() { Mausrad::instanz().MausradAus(); }
+
+void Ausgabebox::closeEvent(QCloseEvent* e)
+{
+    if (m_entladen) {
+        e->accept();
+        return;
+    }
+    Form_QueryUnload();
+    Form_Unload();
+    e->accept();
+}
+
+void Ausgabebox::Form_Unload()
+{
+    if (m_entladen)
+        return;
+    m_entladen = true;
+    // What was typed into the record reaches the database before the end.
+    try {
+        Data1_Validate();
+        if (Recordset* rs = Data1->recordset(); rs && rs->EditPending())
+            rs->Update();
+    } catch (const Laufzeitfehler&) {
+    }
+    if (PlaylistGeaendert)
+        PlaylistSpeichern();
+
+    if (windowState() & Qt::WindowMinimized) {
+        // A minimised window keeps the place of the earlier run.
+    } else if (windowState() & Qt::WindowMaximized) {
+        Speichern(QStringLiteral("WindowState"), QStringLiteral("2"));
+    } else {
+        Speichern(QStringLiteral("WindowState"), QStringLiteral("0"));
+        Speichern(QStringLiteral("AusgabeboxLeft"), QString::number(Twips(x())));
+        Speichern(QStringLiteral("AusgabeboxTop"), QString::number(Twips(y())));
+        Speichern(QStringLiteral("AusgabeboxWidth"), QString::number(Twips(width())));
+        Speichern(QStringLiteral("AusgabeboxHeight"), QString::number(Twips(height())));
+    }
+    MSFlexGrid1->setRedraw(false);
+    for (int n = 0; n < MSFlexGrid1->Cols(); ++n)
+        Speichern(QStringLiteral("%1Spaltenbreite").arg(n), QString::number(MSFlexGrid1->ColWidth(n)));
+    MSFlexGrid1->setRedraw(true);
+    Speichern(QStringLiteral("StandardFontName"), StandardFontName);
+    Speichern(QStringLiteral("StandardFontsize"), QString::number(StandardFontsize));
+    Speichern(QStringLiteral("StandardFontBold"), wahrheit(StandardFontBold));
+    Speichern(QStringLiteral("StandardFontItalic"), wahrheit(StandardFontItalic));
+    Speichern(QStringLiteral("StandardFontStrikethru"), wahrheit(StandardFontStrikethru));
+    Speichern(QStringLiteral("StandardFontUnderline"), wahrheit(StandardFontUnderline));
+    Speichern(QStringLiteral("StandardColor"), QString::number(StandardColor));
+    Speichern(QStringLiteral("HäkchenBildpfad"), chkBildpfad->isChecked() ? QStringLiteral("1")
+                                                                          : QStringLiteral("0"));
+    if (Hauptfenster == this)
+        Hauptfenster = nullptr;
+    D().prozess().beenden(0);
+}
+
+void Ausgabebox::MenuBeenden()
+{
+    try {
+        Data1->Refresh();
+    } catch (const Laufzeitfehler&) {
+        // The end goes on; the unload writes what it can.
+    }
+    close();
+    QCoreApplication::processEvents();
+    AlleFensterSchliessen();
+    QCoreApplication::processEvents();
+}
+
+void Ausgabebox::AlleFensterSchliessen()
+{
+    if (m_fensterSchliessenLaeuft)
+        return;
+    m_fensterSchliessenLaeuft = true;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->isVisible() || w == this)
+            w->close();
+    m_fensterSchliessenLaeuft = false;
+}
+
+void Ausgabebox::TipboxLaden()
+{
+    // The tip window belongs to the help menu; the start does not open it.
+}
