@@ -1,0 +1,265 @@
+// The main window as a user meets it: its controls and menus, the layout rules when it
+// is resized, the wheel steps, the table's columns and the record stars.
+#include "support/Katalog.h"
+#include "support/Testumgebung.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
+#include "platform/Einheiten.h"
+#include "shell/Ausgabebox.h"
+#include "shell/Einstellungen.h"
+#include "shell/Mausrad.h"
+#include "shell/Steuerelemente.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTextEdit>
+
+#include <memory>
+
+class TestHauptfenster : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Ausgabebox> w;
+
+    void starten(const QList<Zeilenwerte>& zeilen)
+    {
+        w.reset();
+        Testumgebung::zuruecksetzen();
+        Attrappen::dialoge().leeren();
+        Speichern("ArchivPfad", KatalogAnlegen(Testordner("haupt") + "H.db", zeilen));
+        w = std::make_unique<Ausgabebox>();
+        w->Form_Load();
+    }
+
+    // Resizes the inner area to the given twips.
+    void innenGroesse(int breite, int hoehe)
+    {
+        const QSize rand = w->size() - w->Innen->size();
+        w->resize(QSize(Px(breite), Px(hoehe)) + rand);
+        QCoreApplication::processEvents();
+        QCOMPARE(w->Innen->size(), QSize(Px(breite), Px(hoehe)));
+    }
+
+private slots:
+    void cleanup() { w.reset(); }
+
+    void steuerelementeUndMenues()
+    {
+        starten(Baender({"Abba"}));
+        QCOMPARE(w->windowTitle(), QString("Rillenkammer - Lumivox"));
+        QCOMPARE(w->objectName(), QString("Ausgabebox"));
+        for (const char* name : {"MSFlexGrid1", "Data1", "ButtonAlpabeth(0)", "ButtonAlpabeth(31)", "TextBand",
+                                 "TextMusikpfad", "TextSongs", "txtSongText", "rtfLinks", "rtfInfo", "rtfSonstiges",
+                                 "filTrack", "lvwPlaylist", "imgCDnote(5)", "imgSongNote(0)", "Bez(12)",
+                                 "imgCover(21)", "cmdButton(20)", "staBar", "tabTexte", "ButtonText(14)",
+                                 "MediaPlayer1", "lblGradiant", "cmdPlayAsso", "fraSternTrack", "chkMarkTracks"})
+            QVERIFY2(w->findChild<QWidget*>(name), name);
+        QVERIFY(!w->findChild<QWidget*>("ButtonText(10)"));
+        QCOMPARE(w->staBar->PanelCount(), 6);
+        QCOMPARE(w->staBar->PanelText(2), QString("no play"));
+        QCOMPARE(w->staBar->PanelText(6), QString("Sleep Off"));
+        QCOMPARE(w->Data1->Caption(), QString("      Steuerung"));
+        QCOMPARE(w->chkTabelle->text(), QString("AZ"));
+
+        struct Eintrag {
+            const char* name;
+            const char* text;
+            QKeySequence taste;
+        };
+        const Eintrag eintraege[] = {
+            {"mnuOeffnen", "&Datenbank laden...", QKeySequence("Ctrl+O")},
+            {"mnuNeueDatenbank", "&Neue Datenbank anlegen...", {}},
+            {"mnuSpeichernUnter", "Speichern &unter...", QKeySequence("Ctrl+U")},
+            {"MenuAktualisieren", "&Aktualisieren", QKeySequence("F5")},
+            {"MenuNeuEingabe", "&Neueingabe", QKeySequence("Ctrl+N")},
+            {"mnuTabelleAutosize", "Tabellenspaltenbreite &optimieren", QKeySequence("F11")},
+            {"mnuTranslation", "DeepL Translation", QKeySequence("Shift+F9")},
+        };
+        for (const Eintrag& e : eintraege) {
+            auto* a = w->findChild<QAction*>(e.name);
+            QVERIFY2(a, e.name);
+            QCOMPARE(a->text(), QString::fromUtf8(e.text));
+            QCOMPARE(a->shortcut(), e.taste);
+        }
+        // Built commands are there and enabled; the others are there, greyed.
+        QVERIFY(w->mnuOeffnen->isEnabled());
+        QVERIFY(w->findChild<QAction*>("MenuSuchen"));
+        QVERIFY(!w->findChild<QAction*>("MenuSuchen")->isEnabled());
+        QVERIFY(!w->mnuSchrift->isEnabled());
+        QVERIFY(w->mnuSpalte[0]->isChecked());
+    }
+
+    void groesseFolgtDenRegeln()
+    {
+        starten(Baender({"Abba"}));
+        w->show();
+        innenGroesse(18000, 12000);
+        const auto twips = [](int px) { return Twips(px); };
+        const int statusHoehe = twips(w->staBar->height());
+        QVERIFY(std::abs(twips(w->MSFlexGrid1->geometry().bottom() + 1) - (12000 - statusHoehe)) <= 15);
+        QVERIFY(std::abs(twips(w->MSFlexGrid1->geometry().right() + 1) - (18000 - 100)) <= 15);
+        QVERIFY(std::abs(twips(w->filTrack->geometry().right() + 1) - (18000 - 100)) <= 15);
+        QCOMPARE(w->txtSuchen->width(), w->filTrack->width());
+        QCOMPARE(w->fraSternTrack->geometry().right(), w->filTrack->geometry().right());
+        QVERIFY(!w->fraSternTrack->isHidden());
+        QCOMPARE(w->cmdPlayAsso->geometry().right() + 1, w->Innen->width());
+        QCOMPARE(w->lblGradiant->geometry().right() + 1, w->cmdPlayAsso->x());
+        QVERIFY(std::abs(twips(w->txtSongText->geometry().right() + 1) - (18000 - 1700)) <= 15);
+        QVERIFY(std::abs(twips(w->txtSongText->geometry().bottom() + 1) - (12000 - 620)) <= 15);
+
+        // Narrow: the Track stars hide when the list is too narrow for them.
+        innenGroesse(13500, 12000);
+        QVERIFY(w->fraSternTrack->isHidden());
+        // Very small: sizes that would be negative are left alone, no message.
+        const QSize vorher = w->MSFlexGrid1->size();
+        w->resize(60, 40);
+        QCoreApplication::processEvents();
+        QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
+        QVERIFY(w->MSFlexGrid1->width() <= vorher.width());
+    }
+
+    void mausradSchritte()
+    {
+        QList<Zeilenwerte> viele;
+        for (int i = 0; i < 80; ++i)
+            viele << Zeilenwerte{{"Band", QStringLiteral("Band %1").arg(i, 3, 10, QChar('0'))}};
+        starten(viele);
+        w->show();
+        Mausrad& rad = Mausrad::instanz();
+        rad.MausradEin(w.get());
+        QVERIFY(rad.AnzahlEingehakt() > 0);
+        QVERIFY(rad.AnzahlEingehakt() <= 50);
+
+        FlexGrid* g = w->MSFlexGrid1;
+        QCOMPARE(Mausrad::Klasse(g), QString("flexgrid"));
+        g->setTopRow(1);
+        Mausrad::Schritt(g, "flexgrid", true);
+        QCOMPARE(g->TopRow(), 1); // no step above the first data row
+        Mausrad::Schritt(g, "flexgrid", false);
+        QCOMPARE(g->TopRow(), 2);
+        const int vorher = g->Row();
+        Mausrad::Schritt(g, "flexgrid", false);
+        QCOMPARE(g->Row(), vorher); // the top row moves, not the selection
+
+        // A wheel event on the grid's viewport goes through the hook.
+        QWheelEvent rad1(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(g->viewport(), &rad1);
+        QCOMPARE(g->TopRow(), 4);
+
+        // Text: 40 characters do not move the caret down; 120 do, by 50.
+        w->TextInfo->setText(QString(40, 'x'));
+        w->TextInfo->setCursorPosition(0);
+        Mausrad::Schritt(w->TextInfo, "textbox", false);
+        QCOMPARE(w->TextInfo->cursorPosition(), 0);
+        w->TextInfo->setText(QString(120, 'x'));
+        w->TextInfo->setCursorPosition(0);
+        Mausrad::Schritt(w->TextInfo, "textbox", false);
+        QCOMPARE(w->TextInfo->cursorPosition(), 50);
+        Mausrad::Schritt(w->TextInfo, "textbox", true);
+        QCOMPARE(w->TextInfo->cursorPosition(), 50); // not above 50: stays
+        w->TextSongs->setPlainText(QString(200, 'y'));
+        Mausrad::Schritt(w->TextSongs, "richtext", false);
+        QCOMPARE(w->TextSongs->textCursor().position(), 50);
+
+        rad.MausradAus();
+        QCOMPARE(rad.AnzahlEingehakt(), 0);
+        QWheelEvent rad2(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        const int top = g->TopRow();
+        g->setTopRow(top);
+        QCoreApplication::sendEvent(g->viewport(), &rad2);
+        QVERIFY(g->TopRow() != top); // Qt's own scrolling, several rows at once
+        QVERIFY(g->TopRow() - top != 1);
+    }
+
+    void spaltenNachDenEinstellungen()
+    {
+        Testumgebung::zuruecksetzen();
+        Speichern("TabelleAnordnenCaption0", "LPTitel1");
+        Speichern("TabelleAnordnenCaption1", "Band1");
+        Speichern("TabelleAnordnenCaption2", "Medium0");
+        Speichern("0Spaltenbreite", "0");
+        Speichern("1Spaltenbreite", "2000");
+        w = std::make_unique<Ausgabebox>();
+        Speichern("ArchivPfad", KatalogAnlegen(Testordner("spalten") + "S.db", Baender({"Abba"})));
+        w->Form_Load();
+        FlexGrid* g = w->MSFlexGrid1;
+        QCOMPARE(g->TextMatrix(0, 0), QString("LPTitel"));
+        QCOMPARE(g->TextMatrix(0, 1), QString("Band"));
+        QCOMPARE(g->TextMatrix(1, 1), QString("Abba"));
+        // A stored width of 0 for a visible column gives 1000.
+        QCOMPARE(g->ColWidth(0), 1000);
+        QCOMPARE(g->ColWidth(1), 2000);
+        QCOMPARE(g->ColWidth(2), 0);
+        QCOMPARE(w->SpalteSuchen("Bewertung"), 14);
+        // The layout runs again at each move and stays the same.
+        w->TabelleEinrichten();
+        QCOMPARE(g->TextMatrix(0, 0), QString("LPTitel"));
+        QCOMPARE(g->ColWidth(1), 2000);
+    }
+
+    void tabelleUndDatensatzFolgenEinander()
+    {
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Bewertung", "3"}}, Zeilenwerte{{"Band", "Bach"}, {"Bewertung", "7"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Bewertung", " "}}});
+        FlexGrid* g = w->MSFlexGrid1;
+        QCOMPARE(w->TextBand->text(), QString("Abba"));
+        g->setRow(2);
+        QCOMPARE(w->TextBand->text(), QString("Bach"));
+        QCOMPARE(w->Data1->recordset()->AbsolutePosition(), 1);
+        // An edit reaches the database at the next move.
+        w->TextBand->setText("Bach & Söhne");
+        g->setRow(3);
+        QCOMPARE(w->TextBand->text(), QString("Cream"));
+        QCOMPARE(KatalogSpalte(w->Data1->DatabaseName(), "Band"), (QStringList{"Abba", "Bach & Söhne", "Cream"}));
+        QCOMPARE(w->staBar->PanelText(3), QString("Tonträger: 3"));
+    }
+
+    void sterneDesTontraegers()
+    {
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Bewertung", "3"}}, Zeilenwerte{{"Band", "Bach"}, {"Bewertung", "7"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Bewertung", " "}}});
+        auto hell = [this] {
+            int n = 0;
+            for (Bildfeld* s : w->imgCDnote)
+                n += s->Bild().toImage() == w->imgStern->Bild().toImage() ? 1 : 0;
+            return n;
+        };
+        QCOMPARE(hell(), 3);
+        w->MSFlexGrid1->setRow(2);
+        QCOMPARE(hell(), 0); // "7" is no rating
+        w->MSFlexGrid1->setRow(3);
+        QCOMPARE(hell(), 0); // a blank neither
+        w->imgCDnote_Click(2);
+        QCOMPARE(hell(), 3);
+        QCOMPARE(w->txtBewertung->text(), QString("3"));
+        w->MSFlexGrid1->setRow(1);
+        QCOMPARE(KatalogSpalte(w->Data1->DatabaseName(), "Bewertung"), (QStringList{"3", "7", "3"}));
+    }
+
+    void apostrophUndEnterWerdenGeschluckt()
+    {
+        starten(Baender({"Abba"}));
+        w->show();
+        w->TextBand->setFocus();
+        w->TextBand->setText("AC");
+        w->TextBand->setCursorPosition(1);
+        TasteText(w->TextBand, "'/");
+        QCOMPARE(w->TextBand->text(), QString("A/C"));
+        QSignalSpy enter(w->TextPreis, &QLineEdit::returnPressed);
+        QTest::keyClick(w->TextPreis, Qt::Key_Return);
+        QCOMPARE(enter.count(), 0);
+    }
+};
+
+RK_TEST_MAIN(TestHauptfenster)
+#include "tst_hauptfenster.moc"
