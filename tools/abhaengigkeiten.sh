@@ -1,0 +1,26 @@
+#!/bin/sh
+# Installs the Debian 12 packages that Rillenkammer needs to build, run and test,
+# but only those that are missing. Uses sudo when not run as root.
+set -eu
+
+PAKETE="build-essential cmake ninja-build pkg-config
+qt6-base-dev libqt6sql6-sqlite qt6-multimedia-dev qt6-svg-dev qt6-speech-dev qt6-declarative-dev
+qt6-translations-l10n libxkbcommon-dev libsqlite3-dev libavformat-dev
+gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav xvfb xauth"
+if [ "${1:-}" = "--tests" ]; then
+    PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox"
+fi
+
+FEHLT=""
+for p in $PAKETE; do
+    if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
+        FEHLT="$FEHLT $p"
+    fi
+done
+[ -z "$FEHLT" ] && exit 0
+
+ALS_ROOT=""
+[ "$(id -u)" -ne 0 ] && ALS_ROOT="sudo"
+echo "Installiere:$FEHLT"
+$ALS_ROOT apt-get update -qq
+DEBIAN_FRONTEND=noninteractive $ALS_ROOT apt-get install -y -qq --no-install-recommends $FEHLT
