@@ -5,6 +5,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "platform/Mauszeiger.h"
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 #include "shell/Symbole.h"
@@ -139,3 +140,49 @@ void Ausgabebox::TextfensterSetzen(QTextEdit* text, const QString& wert)
 }
 
 QString Ausgabebox::TextfensterLesen(QTextEdit* text) const { return text->toPlainText(); }
+
+void Ausgabebox::AktuelleCDanzeigen()
+{
+    const int musik = SpalteSuchen(QStringLiteral("Musikpfad"));
+    const QString status = staBar->PanelText(2);
+    if (!status.contains(u"playing:")) {
+        if (status.contains(u"Pause"))
+            Abbruch = true;
+        return;
+    }
+    Mauszeiger(ZeigerSanduhr);
+    staBar->setBevel(2, 1);
+    FlexGrid* g = MSFlexGrid1;
+    for (int zeile = 1; musik >= 0 && !SpielOrdner.isEmpty() && zeile < g->Rows(); ++zeile) {
+        if (!g->TextMatrix(zeile, musik).contains(SpielOrdner))
+            continue;
+        Data1->setAbsolutePosition(zeile - 1);
+        g->setRow(zeile);
+        if (zeile < g->Rows() - 1)
+            g->setTopRow(zeile);
+        // The Track whose name, without its extension, stands in the panel.
+        for (int i = 0; i < filTrack->count(); ++i) {
+            QString name = filTrack->List(i);
+            const qsizetype punkt = name.lastIndexOf(u'.');
+            if (punkt > 0)
+                name.truncate(punkt);
+            if (!name.isEmpty() && status.contains(name)) {
+                filTrack->setCurrentRow(i);
+                break;
+            }
+        }
+        if (PlaylistModus) {
+            for (int i = 0; i < lvwPlaylist->topLevelItemCount(); ++i) {
+                QTreeWidgetItem* eintrag = lvwPlaylist->topLevelItem(i);
+                if (eintrag->text(2).contains(SpielOrdner) || eintrag->text(0).contains(SpielOrdner)) {
+                    lvwPlaylist->setCurrentItem(eintrag);
+                    lvwPlaylist->scrollToItem(eintrag);
+                    break;
+                }
+            }
+        }
+        break;
+    }
+    staBar->setBevel(2, 2);
+    Mauszeiger(ZeigerStandard);
+}

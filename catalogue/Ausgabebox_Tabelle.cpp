@@ -4,8 +4,19 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "platform/Einheiten.h"
+#include "platform/Laufzeitfehler.h"
+#include "platform/Mauszeiger.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
 
 namespace {
 
@@ -96,4 +107,158 @@ void Ausgabebox::MSFlexGrid1_RowColChange()
     if (AutosizeLaeuft)
         return;
     Data1->setAbsolutePosition(MSFlexGrid1->Row() - 1);
+}
+
+void Ausgabebox::MSFlexGrid1_MouseDown(Qt::MouseButton knopf)
+{
+    FlexGrid* g = MSFlexGrid1;
+    if (knopf == Qt::RightButton) {
+        MenuBearbeiten->setDefaultAction(mnuKopieren);
+        MenuBearbeiten->popup(QCursor::pos());
+    }
+    // A click on a head has selected the whole column: sort by it.
+    if (g->Row() == g->Rows() - 1 || g->RowSel() != g->Rows() - 1)
+        return;
+    const int spalte = g->Col();
+    if (spalte < 0 || spalte > 17)
+        return;
+    QString richtung;
+    if (SortAbsteigend) {
+        SortAbsteigend = false;
+        richtung = QStringLiteral(" DESC");
+    } else {
+        SortAbsteigend = true;
+        richtung = QStringLiteral(" ASC");
+    }
+    try {
+        Data1->setRecordSource(QStringLiteral("select * from Schallplatten order by ") + SpaltenTitel[size_t(spalte)]
+                               + richtung);
+        Data1->Refresh();
+    } catch (const Laufzeitfehler&) {
+        // Ignored, as in every handler of the table.
+    }
+}
+
+void Ausgabebox::MSFlexGrid1_MouseMove(Qt::MouseButtons knoepfe)
+{
+    FlexGrid* g = MSFlexGrid1;
+    if (knoepfe != Qt::NoButton || g->MouseRow() < 0 || g->MouseCol() < 0)
+        return;
+    QString text = g->TextMatrix(g->MouseRow(), g->MouseCol());
+    const int breite = QFontMetrics(g->font()).horizontalAdvance(text.left(1000));
+    g->setToolTip(breite > g->columnWidth(g->MouseCol()) ? text.left(1000) : QString());
+}
+
+void Ausgabebox::ButtonAlpabeth_MouseUp(int index)
+{
+    Mauszeiger(ZeigerSanduhr);
+    try {
+        QString spalte;
+        for (QAction* a : mnuSpalte)
+            if (a->isChecked())
+                spalte = a->text();
+        if (index >= 26 && index <= 31 && !chkTabelle->isChecked()) {
+            // A rating always filters.
+            chkTabelle->setChecked(true);
+            chkTabelle_Click();
+        }
+        FlexGrid* g = MSFlexGrid1;
+        if (!chkTabelle->isChecked()) {
+            const int c = SpalteSuchen(spalte);
+            const QString buchstabe = ButtonAlpabeth[size_t(index)]->text();
+            for (int zeile = 1; c >= 0 && zeile < g->Rows(); ++zeile) {
+                if (g->TextMatrix(zeile, c).left(1).toUpper() == buchstabe) {
+                    // The last row is left out: it would not scroll anyway.
+                    if (zeile < g->Rows() - 1)
+                        g->setTopRow(zeile);
+                    break;
+                }
+            }
+        } else {
+            Data1->setRecordSource(BuchstabenFilter(index, spalte));
+            Data1->Refresh();
+            g->setRow(0);
+            g->setFocus();
+            CoverAZ();
+        }
+    } catch (const Laufzeitfehler& fehler) {
+        Mauszeiger(ZeigerStandard);
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_ButtonAlpabeth_MouseUp"));
+    }
+    Mauszeiger(ZeigerStandard);
+}
+
+QString Ausgabebox::BuchstabenFilter(int index, const QString& spalte)
+{
+    const QString anfang = QStringLiteral("select * from Schallplatten where ");
+    const QString ende = QStringLiteral(" order by Band, LPTitel");
+    if (index >= 26)
+        return anfang + QStringLiteral("Bewertung like '%1'").arg(index - 25) + ende;
+    const QChar x = QChar(u'a' + index);
+    // The four letters with a German companion take it along.
+    QString begleiter;
+    switch (x.unicode()) {
+    case u'a': begleiter = QStringLiteral("ä"); break;
+    case u'o': begleiter = QStringLiteral("ö"); break;
+    case u's': begleiter = QStringLiteral("ß"); break;
+    case u'u': begleiter = QStringLiteral("ü"); break;
+    default: break;
+    }
+    QString text = anfang + spalte + QStringLiteral(" like '") + x + QStringLiteral("*'");
+    if (!begleiter.isEmpty())
+        text += QStringLiteral(" or ") + spalte + QStringLiteral(" like '") + begleiter + QStringLiteral("*'");
+    return text + ende;
+}
+
+void Ausgabebox::chkTabelle_Click()
+{
+    if (chkTabelle->isChecked()) {
+        Speichern(QStringLiteral("TopRow"), QStringLiteral("1"));
+        return;
+    }
+    Speichern(QStringLiteral("TopRow"), QStringLiteral("0"));
+    MenuAktualisieren_Click();
+}
+
+void Ausgabebox::mnuTabelleAutosize_Click()
+{
+    FlexGrid* g = MSFlexGrid1;
+    AutosizeLaeuft = true;
+    g->setRedraw(false);
+    Mauszeiger(ZeigerSanduhr);
+    lblTemp->setFont(g->font());
+    const QFontMetrics mass(g->font());
+    for (int c = 0; c < g->Cols(); ++c) {
+        int breite = 0;
+        for (int zeile = 0; zeile < g->Rows(); ++zeile) {
+            // Measured as the cell shows it: its first line.
+            QString text = g->TextMatrix(zeile, c);
+            const qsizetype umbruch = text.indexOf(u'\n');
+            if (umbruch >= 0)
+                text.truncate(umbruch);
+            breite = std::max(breite, mass.horizontalAdvance(text.left(300)));
+            if (zeile % 2000 == 1999)
+                QCoreApplication::processEvents();
+        }
+        g->setColWidth(c, std::min(Twips(breite) + 200, 10000));
+    }
+    Mauszeiger(ZeigerStandard);
+    g->setRedraw(true);
+    AutosizeLaeuft = false;
+    TabelleEinrichten();
+}
+
+void Ausgabebox::mnuAllesMarkieren_Click()
+{
+    FlexGrid* g = MSFlexGrid1;
+    int sichtbar = 0;
+    for (int c = 0; c < g->Cols(); ++c)
+        if (g->ColWidth(c) > 0)
+            ++sichtbar;
+    g->setRedraw(false);
+    g->setRow(1);
+    g->setCol(0);
+    g->setColSel(sichtbar - 1);
+    g->setRowSel(g->Rows() - 1);
+    g->setRedraw(true);
 }

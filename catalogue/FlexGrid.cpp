@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QToolTip>
 
 // The recordset seen through a column order. Row r of the model is grid row r + 1.
 class FlexGridModell : public QAbstractTableModel {
@@ -434,6 +435,19 @@ void FlexGrid::keyPressEvent(QKeyEvent* e)
     m_ankerSetzen = !(e->modifiers() & Qt::ShiftModifier);
     QTableView::keyPressEvent(e);
     m_ankerSetzen = false;
+}
+
+bool FlexGrid::viewportEvent(QEvent* e)
+{
+    // The tool tip is the grid's own, set by the mouse move handler for the cell.
+    if (e->type() == QEvent::ToolTip) {
+        if (toolTip().isEmpty())
+            QToolTip::hideText();
+        else
+            QToolTip::showText(static_cast<QHelpEvent*>(e)->globalPos(), toolTip(), viewport());
+        return true;
+    }
+    return QTableView::viewportEvent(e);
 }
 
 void FlexGrid::focusInEvent(QFocusEvent* e)

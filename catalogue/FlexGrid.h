@@ -77,6 +77,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
     void focusInEvent(QFocusEvent* e) override;
+    bool viewportEvent(QEvent* e) override;
     bool eventFilter(QObject* objekt, QEvent* ereignis) override;
 
 private:

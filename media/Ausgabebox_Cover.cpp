@@ -15,3 +15,5 @@ void Ausgabebox::CoverDown()
         c->hide();
     }
 }
+
+void Ausgabebox::CoverAZ() {}

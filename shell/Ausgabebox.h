@@ -82,6 +82,8 @@ public:
     void AnzahlTontraeger();
     void CDSterneZeichnen();
     void imgCDnote_Click(int index);
+    // Moves to the Carrier whose folder is playing.
+    void AktuelleCDanzeigen();
     void TrackListeLaden();
     // Fills the bound controls from the current record.
     void GebundeneFelderLaden();
@@ -96,6 +98,14 @@ public:
     // Visibility and widths by SpaltenTitel, column n by position n (redraw is the caller's).
     void SpaltenSichtbarkeitAnwenden();
     void MSFlexGrid1_RowColChange();
+    void MSFlexGrid1_MouseDown(Qt::MouseButton knopf);
+    void MSFlexGrid1_MouseMove(Qt::MouseButtons knoepfe);
+    void ButtonAlpabeth_MouseUp(int index);
+    // The record source of a letter (0 to 25) or rating button (26 to 31) on a column.
+    static QString BuchstabenFilter(int index, const QString& spalte);
+    void chkTabelle_Click();
+    void mnuTabelleAutosize_Click();
+    void mnuAllesMarkieren_Click();
     // Index of the grid column whose head is the name, -1 when none.
     int SpalteSuchen(const QString& kopf) const;
 
@@ -103,6 +113,7 @@ public:
     void CoverListeAktuell();
     void CoverAktualisieren();
     void CoverDown();
+    void CoverAZ();
     void AbspielausschlusslisteLaden();
     void BandAbspielausschlusslisteLaden();
     void TontraegerZufaellig();
@@ -129,6 +140,8 @@ public:
     int CoverLetzterPlatz = 0;
     int CoverStart = 0;
     bool PlaylistGeaendert = false;
+    // The folder of the Carrier that is playing.
+    QString SpielOrdner;
     // Set when the load handler failed; the rest of the start was skipped.
     bool LadenFehlgeschlagen = false;
 

@@ -13,7 +13,10 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QCursor>
 #include <QEvent>
+#include <QMouseEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
@@ -591,7 +594,8 @@ void Ausgabebox::MenusAnlegen()
                                  QStringLiteral("Tabellenspaltenbreite &optimieren"), QKeySequence(Qt::Key_F11));
     mnuTabelleAnordnen = eintrag(mnuTabelle, QStringLiteral("mnuTabelleAnordnen"),
                                  QStringLiteral("&Tabellenspalten anordnen..."));
-    mnuAllesMarkieren = eintrag(mnuTabelle, QStringLiteral("mnuAllesMarkieren"), QStringLiteral("Alles &markieren"));
+    mnuAllesMarkieren = eintrag(mnuTabelle, QStringLiteral("mnuAllesMarkieren"), QStringLiteral("Alles &markieren"),
+                                QKeySequence(Qt::CTRL | Qt::Key_A));
     mnuTabelle->addSeparator();
     MenuSQLabfrage = eintrag(mnuTabelle, QStringLiteral("MenuSQLabfrage"), QStringLiteral("S&QL-Anweisung..."));
 
@@ -766,8 +770,9 @@ void Ausgabebox::MenusAnlegen()
     }
 
     // Entries whose commands are not built yet are there, but greyed.
-    const QList<QAction*> bereit = {mnuOeffnen,       mnuNeueDatenbank, mnuSpeichernUnter,
-                                    MenuAktualisieren, MenuBeendenAktion, mnuDatenbank};
+    const QList<QAction*> bereit = {mnuOeffnen,         mnuNeueDatenbank,  mnuSpeichernUnter,
+                                    MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
+                                    mnuTabelleAutosize, mnuAllesMarkieren};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : m->actions())
@@ -799,6 +804,7 @@ void Ausgabebox::EreignisseVerbinden()
         {2, [this] { MenuAktualisieren_Click(); }},
         {9, [this] { MenuBeenden(); }},
         {10, [this] { mnuOeffnen_Click(); }},
+        {16, [this] { mnuTabelleAutosize_Click(); }},
     };
     for (int i = 0; i < 21; ++i) {
         const auto it = werkzeuge.find(i);
@@ -808,11 +814,20 @@ void Ausgabebox::EreignisseVerbinden()
         }
         const std::function<void()> befehl = it->second;
         connect(cmdButton[size_t(i)], &Bildknopf::MouseUp, this, [befehl](Qt::MouseButton knopf) {
+            QCoreApplication::processEvents();
             if (knopf == Qt::LeftButton)
                 befehl();
         });
     }
     connect(cmdABC, &QPushButton::clicked, this, [this] { MenuAktualisieren_Click(); });
+    connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
+    connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
+    connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
+    for (int i = 0; i < 32; ++i) {
+        connect(ButtonAlpabeth[size_t(i)], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
+        ButtonAlpabeth[size_t(i)]->installEventFilter(this);
+    }
+    connect(staBar, &Statusleiste::DblClick, this, [this] { AktuelleCDanzeigen(); });
 
     connect(Data1, &Datensteuerung::Validate, this, [this] { Data1_Validate(); });
     connect(Data1, &Datensteuerung::Reposition, this, [this] { Data1_Reposition(); });
@@ -826,6 +841,18 @@ void Ausgabebox::EreignisseVerbinden()
         if (taste == Qt::Key_Escape)
             Abbruch = true;
     });
+    connect(MSFlexGrid1, &FlexGrid::MouseDown, this,
+            [this](Qt::MouseButton knopf, Qt::KeyboardModifiers) { MSFlexGrid1_MouseDown(knopf); });
+    connect(MSFlexGrid1, &FlexGrid::MouseMove, this, [this](Qt::MouseButtons k) { MSFlexGrid1_MouseMove(k); });
+    connect(MSFlexGrid1, &FlexGrid::MouseUp, this, [this] { TrackListeLaden(); });
+    // The current cell shows in the highlight colours, the cell left behind faintly.
+    connect(MSFlexGrid1, &FlexGrid::LeaveCell, this, [this] {
+        QPalette p = MSFlexGrid1->palette();
+        p.setColor(QPalette::Highlight, p.color(QPalette::HighlightedText));
+        p.setColor(QPalette::HighlightedText, p.color(QPalette::WindowText));
+        MSFlexGrid1->setPalette(p);
+    });
+    connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this] { MSFlexGrid1->setPalette(QPalette()); });
 
     for (int i = 0; i < 6; ++i)
         connect(imgCDnote[size_t(i)], &Bildfeld::Click, this, [this, i] { imgCDnote_Click(i); });
@@ -880,6 +907,13 @@ void Ausgabebox::TextseiteZeigen()
 
 bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
 {
+    if (ereignis->type() == QEvent::MouseButtonPress
+        && static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton
+        && objekt->objectName().startsWith(u"ButtonAlpabeth(")) {
+        // The right button chooses the column the letters work on.
+        mnuSpaltenkopf->popup(QCursor::pos());
+        return true;
+    }
     if (ereignis->type() == QEvent::FocusIn) {
         if (objekt == filTrack) {
             AktivesFeld = QStringLiteral("filTrack");

@@ -1,0 +1,211 @@
+// The table: sorting by a head, the letter buttons jumping and filtering, column widths,
+// select all, and the Track list that follows the record.
+#include "support/Katalog.h"
+#include "support/Testumgebung.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
+#include "shell/Ausgabebox.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+
+#include <memory>
+
+class TestTabelle : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Ausgabebox> w;
+
+    void starten(const QList<Zeilenwerte>& zeilen)
+    {
+        w.reset();
+        Testumgebung::zuruecksetzen();
+        Attrappen::dialoge().leeren();
+        Speichern("ArchivPfad", KatalogAnlegen(Testordner("tabelle") + "T.db", zeilen));
+        w = std::make_unique<Ausgabebox>();
+        w->Form_Load();
+        w->show();
+        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+    }
+
+    QStringList spalte(const QString& kopf) const
+    {
+        QStringList werte;
+        const int c = w->SpalteSuchen(kopf);
+        for (int r = 1; r < w->MSFlexGrid1->Rows(); ++r)
+            werte << w->MSFlexGrid1->TextMatrix(r, c);
+        return werte;
+    }
+
+    void kopfKlicken(const QString& kopf)
+    {
+        QHeaderView* k = w->MSFlexGrid1->horizontalHeader();
+        const int c = w->SpalteSuchen(kopf);
+        const QPoint mitte(k->sectionViewportPosition(c) + k->sectionSize(c) / 2, k->height() / 2);
+        QTest::mouseClick(k->viewport(), Qt::LeftButton, Qt::NoModifier, mitte);
+    }
+
+private slots:
+    void cleanup() { w.reset(); }
+
+    void kopfSortiertAufUndAb()
+    {
+        starten({Zeilenwerte{{"Band", "Bach"}, {"Stil", "Klassik"}}, Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Stil", "Blues"}}});
+        QCOMPARE(spalte("Band"), (QStringList{"Abba", "Bach", "Cream"}));
+        kopfKlicken("Band");
+        QCOMPARE(w->Data1->RecordSource(), QString("select * from Schallplatten order by Band ASC"));
+        kopfKlicken("Band");
+        QCOMPARE(spalte("Band"), (QStringList{"Cream", "Bach", "Abba"}));
+        // Another head follows the flag alone: up again.
+        kopfKlicken("Stil");
+        QCOMPARE(spalte("Stil"), (QStringList{"Blues", "Klassik", "Pop"}));
+        kopfKlicken("Stil");
+        QCOMPARE(spalte("Stil"), (QStringList{"Pop", "Klassik", "Blues"}));
+        // Not saved: the next start shows what was saved last.
+        QCOMPARE(Lesen("Data1RecordSource", "nie gespeichert"), QString("nie gespeichert"));
+    }
+
+    void buchstabenFilternMitDeutschenBegleitern()
+    {
+        starten(Baender({"Abba", "Ärzte", "Zappa", "Ölkanne", "Oasis", "Sade"}));
+        QCOMPARE(Ausgabebox::BuchstabenFilter(0, "Band"),
+                 QString("select * from Schallplatten where Band like 'a*' or Band like 'ä*' order by Band, LPTitel"));
+        QCOMPARE(Ausgabebox::BuchstabenFilter(18, "Stil"),
+                 QString("select * from Schallplatten where Stil like 's*' or Stil like 'ß*' order by Band, LPTitel"));
+        QCOMPARE(Ausgabebox::BuchstabenFilter(1, "Band"),
+                 QString("select * from Schallplatten where Band like 'b*' order by Band, LPTitel"));
+        QCOMPARE(Ausgabebox::BuchstabenFilter(28, "Band"),
+                 QString("select * from Schallplatten where Bewertung like '3' order by Band, LPTitel"));
+        w->chkTabelle->setChecked(true);
+        w->ButtonAlpabeth_MouseUp(0);
+        QCOMPARE(spalte("Band"), (QStringList{"Abba", "Ärzte"}));
+        QCOMPARE(w->MSFlexGrid1->Row(), 0);
+        QCOMPARE(w->lblTabellenName->text(), QString("alle"));
+        w->ButtonAlpabeth_MouseUp(14);
+        QCOMPARE(spalte("Band"), (QStringList{"Oasis", "Ölkanne"}));
+        // Clearing the box brings the whole table back.
+        w->chkTabelle->setChecked(false);
+        w->chkTabelle_Click();
+        QCOMPARE(Lesen("TopRow"), QString("0"));
+        QCOMPARE(w->MSFlexGrid1->Rows(), 7);
+    }
+
+    void bewertungFiltertImmerUndSetztDenHaken()
+    {
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Bewertung", "5"}}, Zeilenwerte{{"Band", "Bach"}, {"Bewertung", "3"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Bewertung", "5"}}});
+        QVERIFY(!w->chkTabelle->isChecked());
+        w->ButtonAlpabeth_MouseUp(30); // five stars
+        QVERIFY(w->chkTabelle->isChecked());
+        QCOMPARE(Lesen("TopRow"), QString("1"));
+        QCOMPARE(spalte("Band"), (QStringList{"Abba", "Cream"}));
+        w->ButtonAlpabeth_MouseUp(28); // three stars
+        QVERIFY(w->chkTabelle->isChecked());
+        QCOMPARE(spalte("Band"), QStringList{"Bach"});
+    }
+
+    void buchstabenSpringenOhneZuFiltern()
+    {
+        QList<Zeilenwerte> zeilen;
+        for (int i = 0; i < 60; ++i)
+            zeilen << Zeilenwerte{{"Band", QStringLiteral("A-Band %1").arg(i, 2, 10, QChar('0'))}};
+        for (int i = 0; i < 60; ++i)
+            zeilen << Zeilenwerte{{"Band", QStringLiteral("M-Band %1").arg(i, 2, 10, QChar('0'))}};
+        zeilen << Zeilenwerte{{"Band", "Zappa"}};
+        starten(zeilen);
+        FlexGrid* g = w->MSFlexGrid1;
+        const int vorher = g->Row();
+        w->ButtonAlpabeth_MouseUp(12); // M
+        QCOMPARE(g->TopRow(), 61);
+        QCOMPARE(g->Row(), vorher);
+        QCOMPARE(g->Rows(), 122);
+        // No entry for the letter: nothing moves.
+        w->ButtonAlpabeth_MouseUp(16);
+        QCOMPARE(g->TopRow(), 61);
+        // The first entry in the last row: no scroll to it.
+        w->ButtonAlpabeth_MouseUp(25);
+        QCOMPARE(g->TopRow(), 61);
+        // The chosen column counts.
+        w->mnuSpalte[0]->setChecked(false);
+        w->mnuSpalte[1]->setChecked(true); // LPTitel: all blank
+        w->ButtonAlpabeth_MouseUp(0);
+        QCOMPARE(g->TopRow(), 61);
+    }
+
+    void breitenAllesMarkierenUndOptimieren()
+    {
+        starten(Baender({"Abba", "Eine Band mit einem sehr, sehr langen Namen, der nicht in die Spalte passt"}));
+        FlexGrid* g = w->MSFlexGrid1;
+        Speichern("TabelleAnordnenCaption2", "Medium0");
+        w->TabelleEinrichten();
+        QCOMPARE(g->ColWidth(2), 0);
+        w->mnuAllesMarkieren_Click();
+        QCOMPARE(g->Row(), 1);
+        QCOMPARE(g->Col(), 0);
+        QCOMPARE(g->RowSel(), 2);
+        QCOMPARE(g->ColSel(), g->Cols() - 2); // the one hidden column is left out
+        w->mnuTabelleAutosize_Click();
+        QVERIFY(g->ColWidth(0) > 3000);
+        QVERIFY(g->ColWidth(0) <= 10000);
+        QCOMPARE(g->ColWidth(2), 0); // hidden stays hidden
+        QCOMPARE(Lesen("0Spaltenbreite"), QString::number(g->ColWidth(0)));
+        QVERIFY(!AutosizeLaeuft);
+        // The tip shows a text wider than its column.
+        g->setColWidth(0, 500);
+        QTest::mouseMove(g->viewport(), g->visualRect(g->model()->index(1, 0)).center());
+        QCOMPARE(g->toolTip(), QString("Eine Band mit einem sehr, sehr langen Namen, der nicht in die Spalte passt"));
+        g->setColWidth(0, 9000);
+        QTest::mouseMove(g->viewport(), g->visualRect(g->model()->index(0, 0)).center());
+        QCOMPARE(g->toolTip(), QString());
+    }
+
+    void trackListeFolgtDemMusikordner()
+    {
+        const QString musik = Testordner("musik/Abba");
+        for (const char* datei : {"b - 2.mp3", "A - 5.ogg", "c.flac"})
+            DateiSchreiben(musik + datei, "x");
+        const QString leer = Testordner("musik/Leer");
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}, Zeilenwerte{{"Band", "Bach"}, {"Musikpfad", "x"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Musikpfad", leer}}});
+        QCOMPARE(w->filTrack->Path(), musik);
+        QVERIFY(w->filTrack->isEnabled());
+        QCOMPARE(w->filTrack->count(), 3);
+        QCOMPARE(w->filTrack->List(0), QString("A - 5.ogg"));
+        QVERIFY(w->filTrack->Selected(0));
+        QCOMPARE(w->Bez[12]->text(), QString("Tracks && Movies 3"));
+        QCOMPARE(w->TrackMarken.size(), size_t(3));
+        w->MSFlexGrid1->setRow(2); // one character: the empty folder
+        QCOMPARE(w->filTrack->Path(), Testumgebung::programmOrdner() + "Leer");
+        QVERIFY(!w->filTrack->isEnabled());
+        QCOMPARE(w->Bez[12]->text(), QString("Tracks && Movies "));
+        w->MSFlexGrid1->setRow(3); // a folder without files
+        QVERIFY(!w->filTrack->isEnabled());
+        QCOMPARE(w->filTrack->count(), 0);
+        TrackIndex = 2;
+        w->MSFlexGrid1->setRow(1);
+        QCOMPARE(TrackIndex, 0);
+    }
+
+    void escSetztAbbruch()
+    {
+        starten(Baender({"Abba"}));
+        Abbruch = false;
+        QTest::keyClick(w->MSFlexGrid1, Qt::Key_Escape);
+        QVERIFY(Abbruch);
+        Abbruch = false;
+        w->MSFlexGrid1->setFocus();
+        QCOMPARE(w->AktivesFeld, QString("MSFlexGrid1"));
+    }
+};
+
+RK_TEST_MAIN(TestTabelle)
+#include "tst_tabelle.moc"
