@@ -943,8 +943,6 @@ std::unique_ptr<Datenbank> Datenbank::oeffnen(const QString& pfad)
     // The file is copied by "save as": no side files of a write-ahead log.
     pragmaAusfuehren(db, "PRAGMA journal_mode = DELETE", pfad, false);
     pragmaAusfuehren(db, "PRAGMA synchronous = FULL", pfad, false);
-    // Room for sorting the whole catalogue in memory.
-    pragmaAusfuehren(db, "PRAGMA cache_size = -16384", pfad, false);
     pragmaAusfuehren(db, "PRAGMA temp_store = MEMORY", pfad, false);
     return datenbank;
 }
@@ -1024,6 +1022,9 @@ int Datenbank::Execute(const QString& sql)
     }
     if (sicherung)
         sqlite3_exec(m_db, "RELEASE rk_execute", nullptr, nullptr, nullptr);
+    // This pragma puts SQLite's own like() back, with "%" as wild card.
+    if (sql.contains(QLatin1String("case_sensitive_like"), Qt::CaseInsensitive))
+        JetFunktionenAnmelden(m_db);
     if (anzahl == 0)
         throw Laufzeitfehler(Fehlernummer::DatenbankBasis + SQLITE_ERROR,
                              QStringLiteral("Die SQL-Anweisung ist leer."));

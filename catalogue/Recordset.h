@@ -20,9 +20,9 @@
 class Recordset {
 public:
     // Rows fetched together for the table.
-    static constexpr int Blockgroesse = 128;
+    static constexpr int Blockgroesse = 64;
     // Blocks kept; the least recently used goes first.
-    static constexpr int Blockvorrat = 8;
+    static constexpr int Blockvorrat = 16;
 
     // Runs the record source. Throws Laufzeitfehler when the statement fails.
     Recordset(Datenbank& db, const QString& recordSource);
