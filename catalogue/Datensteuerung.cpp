@@ -80,6 +80,13 @@ Datensteuerung::Datensteuerung(QWidget* eltern)
 
 Datensteuerung::~Datensteuerung()
 {
+    // What was put into the record is written; the bound controls may be gone already,
+    // so there is no Validate here.
+    try {
+        if (m_recordset && m_recordset->EditPending())
+            m_recordset->Update();
+    } catch (const Laufzeitfehler&) {
+    }
     // The recordset's statements belong to the connection: they go first.
     m_recordset.reset();
     m_db.reset();

@@ -16,6 +16,7 @@ class Datensteuerung : public QWidget {
     Q_OBJECT
 public:
     explicit Datensteuerung(QWidget* eltern = nullptr);
+    // Writes a pending edit (without Validate), then closes.
     ~Datensteuerung() override;
 
     QString DatabaseName() const { return m_databaseName; }

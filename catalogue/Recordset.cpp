@@ -463,6 +463,12 @@ void Recordset::schreiben(bool neuerWirdAktuell)
 
     cacheLeeren();
     m_puffer.clear();
+    if (!m_neu && sqlite3_changes(m_db.handle()) == 0)
+        // Deleted past the recordset (an Execute of the console): say so, rather than
+        // drop the edit without a word.
+        throw Laufzeitfehler(3167,
+                             QStringLiteral("Der Datensatz ist inzwischen gelöscht worden; "
+                                            "die Änderung kann nicht gespeichert werden."));
     if (m_neu) {
         m_neu = false;
         m_rowids.push_back(sqlite3_last_insert_rowid(m_db.handle()));

@@ -77,7 +77,8 @@ public:
     void AddNew();
     // Writes the edit buffer in one statement; a new record is appended at the end and
     // becomes the current one. Throws Laufzeitfehler on failure; the buffer is kept then,
-    // so nothing typed is lost.
+    // so nothing typed is lost. A record deleted meanwhile past the recordset cannot take
+    // the edit: error 3167, and the buffer is dropped.
     void Update();
     // Drops the edit buffer and a pending new record.
     void CancelUpdate();

@@ -635,6 +635,15 @@ private slots:
         QCOMPARE(fremdLesen(pfad, "select Info from Schallplatten where Info like 'rock%'"),
                  QString("Rock 'n' Roll"));
         QVERIFY(!rs.Value("eBook").isValid());
+
+        // An edit of a record deleted past the recordset is reported, not dropped silently.
+        rs.MoveLast();
+        rs.setValue("Band", "verwaist");
+        db->Execute(
+            QStringLiteral("delete from Schallplatten where rowid = %1").arg(rs.Bookmark()));
+        QCOMPARE(fehlernummer([&] { rs.Update(); }), 3167);
+        QVERIFY(!rs.EditPending());
+        QVERIFY(!rs.Value("Band").isValid());
     }
 
     void schreibfehler()
@@ -900,6 +909,17 @@ private slots:
         QCOMPARE(data1.recordset()->Value("Band").toString(), QString("Getippt"));
         QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
         QCOMPARE(Attrappen::dialoge().meldungen().first().titel, QString("Data1_Error"));
+
+        // An edit still pending when the control goes is written.
+        {
+            Datensteuerung letzte;
+            letzte.setDatabaseName(zweite);
+            letzte.setRecordSource("select * from Schallplatten order by Band");
+            letzte.Refresh();
+            letzte.recordset()->setValue("Info", "beim Beenden");
+        }
+        QCOMPARE(fremdLesen(zweite, "select Info from Schallplatten where Band = 'X'"),
+                 QString("beim Beenden"));
     }
 };
 
