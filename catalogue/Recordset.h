@@ -6,6 +6,8 @@
 // updatable: only the rowids are read at once and the values of rows are fetched when
 // they are needed, which keeps a large catalogue fast and small. Any other statement is
 // read as a whole and cannot be changed.
+#include "catalogue/Datenbank.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -15,13 +17,18 @@
 #include <functional>
 #include <vector>
 
-class Datenbank;
-
 class Recordset {
 public:
+    // Rows fetched together for the table.
+    static constexpr int Blockgroesse = 64;
+    // Blocks kept; the least recently used goes first.
+    static constexpr int Blockvorrat = 16;
+
     // Runs the record source. Throws Laufzeitfehler when the statement fails.
     Recordset(Datenbank& db, const QString& recordSource);
     ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
 
     bool Updatable() const { return m_tabelle.size() > 0; }
     const QString& Tabelle() const { return m_tabelle; }
@@ -38,6 +45,9 @@ public:
     int AbsolutePosition() const;
     // A position out of range changes nothing, silently. Writes a pending edit first.
     void setAbsolutePosition(int position);
+    // Each move writes a pending edit first; a move after AddNew starts from the record
+    // that was current before it. MoveNext behind the last record gives EOF, MovePrevious
+    // before the first BOF.
     void MoveFirst();
     void MoveLast();
     void MoveNext();
@@ -45,31 +55,39 @@ public:
     bool BOF() const;
     bool EOF_() const;
 
-    // The identity of the current record (its rowid), or -1.
+    // The identity of the current record (its rowid), or -1. A read-only recordset has
+    // no rowids: its rows are known by their position.
     qint64 Bookmark() const;
     // Moves to the record with that identity; false when it is not in the recordset.
     bool setBookmark(qint64 bookmark);
 
-    // Value of the current record, pending edits included. Null for no record.
+    // Value of the current record, pending edits included. Null for no record or for a
+    // name that is no column.
     QVariant Value(int spalte) const;
     QVariant Value(const QString& name) const;
     // Changes the current record's value in the edit buffer; it is written by Update()
-    // or by the next move. Ignored on a read-only recordset.
+    // or by the next move. Ignored on a read-only recordset, without a current record and
+    // for a name that is no column.
     void setValue(const QString& name, const QVariant& wert);
     void setValue(int spalte, const QVariant& wert);
     bool EditPending() const { return !m_puffer.isEmpty() || m_neu; }
 
-    // Starts a new record; the fields read empty until it is written.
+    // Starts a new record (a pending edit is written first); the fields read empty until
+    // it is written. Throws on a read-only recordset.
     void AddNew();
-    // Writes the edit buffer (or the new record). Throws Laufzeitfehler on failure; the
-    // buffer is kept then, so nothing typed is lost.
+    // Writes the edit buffer in one statement; a new record is appended at the end and
+    // becomes the current one. Throws Laufzeitfehler on failure; the buffer is kept then,
+    // so nothing typed is lost. A record deleted meanwhile past the recordset cannot take
+    // the edit: error 3167, and the buffer is dropped.
     void Update();
     // Drops the edit buffer and a pending new record.
     void CancelUpdate();
-    // Deletes the current record. The position stays, so it points at the next record.
+    // Deletes the current record. The position stays, so it points at the next record,
+    // or at the last one when the deleted record was the last.
     void Delete();
 
-    // Value of any row for the table (0-based row); fetched in blocks and cached.
+    // Value of any row for the table (0-based row); fetched in blocks and cached. A
+    // picture column is not part of the blocks: it is read for the asked row alone.
     QVariant Wert(int zeile, int spalte) const;
     qint64 RowId(int zeile) const;
     // Position of a rowid in the recordset, or -1.
@@ -81,18 +99,40 @@ public:
     std::function<void(int)> zeileEntfernt;
 
 private:
-    void schreiben();
+    using Zeile = std::vector<QVariant>;
+    struct Block {
+        int nummer = 0;
+        std::vector<Zeile> zeilen;
+    };
+
+    bool tabelleOeffnen(const QString& recordSource);
+    void ganzLesen(const QString& recordSource);
+    void schreiben(bool neuerWirdAktuell);
+    void schreibenFallsNoetig()
+    {
+        if (EditPending())
+            schreiben(false);
+    }
+    const Zeile& zeileImCache(int zeile) const;
     void blockLaden(int block) const;
-    void cacheVergessen(int zeile) const;
+    void cacheLeeren() const;
+    bool cacheVeraltet() const;
+    QVariant blobLesen(int zeile, int spalte) const;
+    bool gueltigeSpalte(int spalte) const { return spalte >= 0 && spalte < m_spalten.size(); }
+    bool aktuelleZeile() const { return !m_neu && m_position >= 0 && m_position < m_anzahl; }
 
     Datenbank& m_db;
     QString m_tabelle; // non-empty when updatable
     QStringList m_spalten;
+    std::vector<bool> m_istBlob; // per column: read on demand only
     qsizetype m_anzahl = 0;
-    std::vector<qint64> m_rowids;                       // table mode
-    std::vector<std::vector<QVariant>> m_alleWerte;     // read-only mode
-    mutable QHash<int, std::vector<std::vector<QVariant>>> m_bloecke; // table mode cache
-    mutable std::vector<int> m_blockFolge;              // least recently loaded first
+    std::vector<qint64> m_rowids;         // table mode
+    std::vector<Zeile> m_alleWerte;       // read-only mode
+    mutable std::vector<Block> m_bloecke; // table mode cache, least recently used first
+    mutable Anweisung m_zeilenAbfrage;    // the non-picture values of one row by rowid
+    mutable qint64 m_cacheStand = -1;     // changes of the connection when cached
+    mutable qint64 m_blobRowid = -1;      // the row whose pictures are kept
+    mutable Zeile m_blobWerte;
     int m_position = -1;
     bool m_neu = false;
     QHash<int, QVariant> m_puffer; // column to pending value
