@@ -74,7 +74,7 @@ QByteArray rtf(const QByteArray& utf8Zeilen)
 QString katalogBauen(const QString& ordner)
 {
     const QString pfad = ordner + QStringLiteral("/Gross.db");
-    if (!QFile::copy(QStringLiteral(":/resources/Archiv_leer.db"), pfad))
+    if (!QFile::copy(QStringLiteral(":/resources/programmordner/Archiv_leer.db"), pfad))
         qFatal("template catalogue missing");
     QFile::setPermissions(pfad, QFile::ReadOwner | QFile::WriteOwner);
     sqlite3* db = nullptr;

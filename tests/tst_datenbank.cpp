@@ -32,7 +32,7 @@ QString vorlageKopieren()
     const QString pfad
         = Testordner(QStringLiteral("kataloge")) + QStringLiteral("k%1.db").arg(++s_zaehler);
     QFile::remove(pfad);
-    if (!QFile::copy(QStringLiteral(":/resources/Archiv_leer.db"), pfad))
+    if (!QFile::copy(QStringLiteral(":/resources/programmordner/Archiv_leer.db"), pfad))
         qFatal("template catalogue missing");
     QFile::setPermissions(pfad, QFile::ReadOwner | QFile::WriteOwner);
     return pfad;
