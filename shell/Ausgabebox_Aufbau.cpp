@@ -507,8 +507,8 @@ void Ausgabebox::Entwurfsplaetze()
         Platz(ButtonAlpabeth[size_t(i)], 7800 + (i - 26) * 375, 6720, 375, 330);
     Platz(chkTabelle, 10110, 6750, 630, 270);
     Platz(cmdABC, 10740, 6720, 600, 330);
-    Platz(lblTabellenName, 11400, 6750, 1050, 270);
-    Platz(Data1, 12480, 6720, 2640, 330);
+    Platz(lblTabellenName, 11400, 6750, 900, 270);
+    Platz(Data1, 12330, 6720, 2790, 330);
     Platz(MSFlexGrid1, 1500, 7110, 13625, 2900);
     Platz(lblTemp, 0, 0, 1000, 300);
 }
@@ -819,6 +819,17 @@ void Ausgabebox::EreignisseVerbinden()
                 befehl();
         });
     }
+    // Controls whose commands are not built yet wait, greyed.
+    for (QWidget* wartet : std::initializer_list<QWidget*>{
+             imgStart, imgStop, imgPause[0], imgPause[1], imgResume, imgVorBack[0], imgVorBack[1], imgPosAB[0],
+             imgPosAB[1], imgPosAB[2], imgMiniPlayer, imgLiedzufall, imgLautsprecherregler, cmdPlayAsso,
+             cmdInfoTrack, chkAlleTracks, chkRepeat, chkShuffle, chkTracksZufaellig, chkTracksAnspielen,
+             chkMarkTracks, chkVisualisierung, chkVollbild, imgMusikpfad, cmdBandTitel, cmdTextBig, cmdTextSmall,
+             cmdCoverUp, cmdCoverDown, imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
+        wartet->setEnabled(false);
+    for (Bildknopf* b : ButtonText)
+        if (b)
+            b->setEnabled(false);
     connect(cmdABC, &QPushButton::clicked, this, [this] { MenuAktualisieren_Click(); });
     connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
     connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
