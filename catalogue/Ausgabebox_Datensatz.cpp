@@ -30,7 +30,6 @@ void Ausgabebox::GebundeneFelderLaden()
             feld->setCursorPosition(0);
         } else if (auto* text = qobject_cast<QTextEdit*>(b.steuerelement)) {
             TextfensterSetzen(text, wert);
-            text->document()->setModified(false);
         }
     }
     QPixmap bild;
@@ -40,6 +39,7 @@ void Ausgabebox::GebundeneFelderLaden()
             bild.loadFromData(bytes);
     }
     Bild1->setBild(bild);
+    m_geaenderteTexte.clear();
     m_gebundenLaden = false;
 }
 
@@ -56,11 +56,11 @@ void Ausgabebox::Data1_Validate()
                 m_geladeneWerte[i] = feld->text();
             }
         } else if (auto* text = qobject_cast<QTextEdit*>(b.steuerelement)) {
-            if (text->document()->isModified()) {
+            if (m_geaenderteTexte.contains(text)) {
                 const QString wert = TextfensterLesen(text);
                 rs->setValue(b.feld, wert);
                 m_geladeneWerte[i] = wert;
-                text->document()->setModified(false);
+                m_geaenderteTexte.remove(text);
             }
         }
     }

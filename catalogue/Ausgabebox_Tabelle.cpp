@@ -4,6 +4,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -17,6 +18,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -106,7 +108,16 @@ void Ausgabebox::MSFlexGrid1_RowColChange()
 {
     if (AutosizeLaeuft)
         return;
-    Data1->setAbsolutePosition(MSFlexGrid1->Row() - 1);
+    try {
+        Data1->setAbsolutePosition(MSFlexGrid1->Row() - 1);
+    } catch (const Laufzeitfehler& fehler) {
+        // The edit could not be written: the record stays, and so does what was typed.
+        if (Recordset* rs = Data1->recordset(); rs && rs->AbsolutePosition() >= 0) {
+            const QSignalBlocker still(MSFlexGrid1);
+            MSFlexGrid1->setRow(rs->AbsolutePosition() + 1);
+        }
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MSFlexGrid1_RowColChange"));
+    }
 }
 
 void Ausgabebox::MSFlexGrid1_MouseDown(Qt::MouseButton knopf)

@@ -11,6 +11,7 @@
 //   catalogue/Ausgabebox_Tabelle.cpp     table layout and table events
 //   and the files of the later subsystems, which add their procedures here.
 #include <QMainWindow>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -90,6 +91,13 @@ public:
     // The text of a rich text pane from a field, and back.
     void TextfensterSetzen(QTextEdit* text, const QString& wert);
     QString TextfensterLesen(QTextEdit* text) const;
+
+    // ---- Record editing (catalogue/Ausgabebox_Bearbeiten.cpp) ----
+    void MenuNeuEingabe_Click();
+    void MenuSpeichern_Click();
+    void MenuEintragLoeschen_Click();
+    // Gives an empty rich text pane the standard font and left margin for new text.
+    void NeuerTextFormatieren(QTextEdit* text);
 
     // ---- Table (catalogue/Ausgabebox_Tabelle.cpp) ----
     void TabelleEinrichten();
@@ -404,6 +412,7 @@ private:
     };
     std::vector<Bindung> m_bindungen;
     std::vector<QString> m_geladeneWerte; // what each bound control got from the record
+    QSet<QTextEdit*> m_geaenderteTexte;   // rich text panes changed since the record came
     bool m_gebundenLaden = false; // the record fills the controls, no edit
     bool m_entladen = false;
     bool m_fensterSchliessenLaeuft = false;

@@ -772,7 +772,8 @@ void Ausgabebox::MenusAnlegen()
     // Entries whose commands are not built yet are there, but greyed.
     const QList<QAction*> bereit = {mnuOeffnen,         mnuNeueDatenbank,  mnuSpeichernUnter,
                                     MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
-                                    mnuTabelleAutosize, mnuAllesMarkieren};
+                                    mnuTabelleAutosize, mnuAllesMarkieren, MenuNeuEingabe,
+                                    MenuSpeichern,      MenuEintragLoeschen};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : m->actions())
@@ -790,6 +791,9 @@ void Ausgabebox::EreignisseVerbinden()
     connect(MenuAktualisieren, &QAction::triggered, this, [this] { MenuAktualisieren_Click(); });
     connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
     connect(mnuDatenbank, &QAction::triggered, this, [this] { mnuDatenbank_Click(); });
+    connect(MenuNeuEingabe, &QAction::triggered, this, [this] { MenuNeuEingabe_Click(); });
+    connect(MenuSpeichern, &QAction::triggered, this, [this] { MenuSpeichern_Click(); });
+    connect(MenuEintragLoeschen, &QAction::triggered, this, [this] { MenuEintragLoeschen_Click(); });
     for (int i = 0; i < 10; ++i)
         connect(mnuOrdner[size_t(i)], &QAction::triggered, this, [this, i] { mnuOrdner_Click(i); });
     for (int i = 0; i < 15; ++i)
@@ -801,6 +805,8 @@ void Ausgabebox::EreignisseVerbinden()
 
     // Tool buttons whose commands stand; the others wait for their commands.
     const std::map<int, std::function<void()>> werkzeuge = {
+        {0, [this] { MenuNeuEingabe_Click(); }},
+        {1, [this] { MenuSpeichern_Click(); }},
         {2, [this] { MenuAktualisieren_Click(); }},
         {9, [this] { MenuBeenden(); }},
         {10, [this] { mnuOeffnen_Click(); }},
@@ -872,8 +878,14 @@ void Ausgabebox::EreignisseVerbinden()
     for (Textfeld* t : {TextBand, TextLPTitel, TextMedium, TextStil, TextInfo, TextPlattenfirma, TextBestellNr,
                         TextPreis, TextKaufdatum, TextMusikpfad, txtSuchen})
         connect(t, &Textfeld::GotFocus, this, [this, t] { AktivesFeld = t->objectName(); });
-    for (QTextEdit* t : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
+    for (QTextEdit* t : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges}) {
         t->installEventFilter(this);
+        // Any change that is not the record filling the pane is an edit, typed or not.
+        connect(t->document(), &QTextDocument::contentsChanged, this, [this, t] {
+            if (!m_gebundenLaden)
+                m_geaenderteTexte.insert(t);
+        });
+    }
     filTrack->installEventFilter(this);
 
     // Label captions keep "&&" for a literal "&", as captions with an access key do.

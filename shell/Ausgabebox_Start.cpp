@@ -3,6 +3,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -398,6 +399,21 @@ void Ausgabebox::closeEvent(QCloseEvent* e)
     if (m_entladen) {
         e->accept();
         return;
+    }
+    // What was typed is written first; if the catalogue refuses it, the user decides.
+    try {
+        Data1_Validate();
+        if (Recordset* rs = Data1->recordset(); rs && rs->EditPending())
+            rs->Update();
+    } catch (const Laufzeitfehler& fehler) {
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_Form_Unload"));
+        if (MsgNimb(QStringLiteral("Die letzte Eingabe konnte nicht gespeichert werden.\n\n"
+                                   "Trotzdem beenden? Die Eingabe geht dann verloren."),
+                    22, 2, QStringLiteral("Beenden"), 0, Farbe::WarnHintergrund, Farbe::StandardText)
+            != u"Ja") {
+            e->ignore();
+            return;
+        }
     }
     Form_QueryUnload();
     Form_Unload();

@@ -1,0 +1,163 @@
+// New entry, save and delete of Carriers through the record view.
+#include "shell/Ausgabebox.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
+#include "platform/Dialogdienst.h"
+#include "platform/Dienste.h"
+#include "platform/Einheiten.h"
+#include "platform/Laufzeitfehler.h"
+#include "platform/Mauszeiger.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFile>
+#include <QLabel>
+#include <QTextEdit>
+
+namespace {
+
+// Leading and trailing blanks only, as the save trims band and title.
+QString blankFrei(const QString& text)
+{
+    qsizetype anfang = 0;
+    qsizetype ende = text.size();
+    while (anfang < ende && text[anfang] == u' ')
+        ++anfang;
+    while (ende > anfang && text[ende - 1] == u' ')
+        --ende;
+    return text.mid(anfang, ende - anfang);
+}
+
+} // namespace
+
+void Ausgabebox::NeuerTextFormatieren(QTextEdit* text)
+{
+    QFont schrift = text->font();
+    schrift.setFamily(StandardFontName);
+    text->setFont(schrift);
+    QTextCharFormat format;
+    format.setFontFamilies({StandardFontName});
+    format.setFontPointSize(StandardFontsize);
+    format.setFontWeight(StandardFontBold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(StandardFontItalic);
+    format.setFontStrikeOut(StandardFontStrikethru);
+    format.setFontUnderline(StandardFontUnderline);
+    format.setForeground(VBFarbe(StandardColor));
+    text->setCurrentCharFormat(format);
+    bool ok = false;
+    const double rand = Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50")).toDouble(&ok);
+    QTextBlockFormat einzug;
+    einzug.setLeftMargin(ok ? rand / TwipsProPixel : 50.0 / TwipsProPixel);
+    text->textCursor().mergeBlockFormat(einzug);
+}
+
+void Ausgabebox::MenuNeuEingabe_Click()
+{
+    try {
+        MenuSpeichern_Click();
+        QCoreApplication::processEvents();
+        Recordset* rs = Data1->recordset();
+        if (!rs)
+            throw Laufzeitfehler(91);
+        Data1->letzterDatensatz();
+        rs->AddNew();
+        GebundeneFelderLaden();
+        CDSterneZeichnen();
+        for (QTextEdit* t : {TextSongs, rtfInfo, rtfSonstiges})
+            NeuerTextFormatieren(t);
+        TextBand->setFocus();
+    } catch (const Laufzeitfehler& fehler) {
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuNeuEingabe_Click"));
+    }
+}
+
+void Ausgabebox::MenuSpeichern_Click()
+{
+    // Errors are ignored here: each step that can run, runs.
+    Mauszeiger(ZeigerSanduhr);
+    TextBand->setText(blankFrei(TextBand->text()));
+    TextLPTitel->setText(blankFrei(TextLPTitel->text()));
+    // An empty field is stored as one blank; eBook and rating may stay truly empty.
+    for (Textfeld* feld : {TextBand, TextKaufdatum, TextLPTitel, TextPreis, TextMedium, TextPlattenfirma,
+                           TextBestellNr, TextInfo, TextMusikpfad, TextStil, txtBildpfad})
+        if (feld->text().isEmpty())
+            feld->setText(QStringLiteral(" "));
+    for (QTextEdit* text : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
+        if (text->toPlainText().isEmpty())
+            text->setPlainText(QStringLiteral(" "));
+    const int spalteBand = SpalteSuchen(QStringLiteral("Band"));
+    const int spalteTitel = SpalteSuchen(QStringLiteral("LPTitel"));
+    const QString band = TextBand->text();
+    const QString titel = TextLPTitel->text();
+    try {
+        Data1->Refresh();
+    } catch (const Laufzeitfehler& fehler) {
+        // What was typed stays on screen and in the edit buffer; say why it is not stored.
+        Mauszeiger(ZeigerStandard);
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuSpeichern_Click"));
+        return;
+    }
+    if (!band.isEmpty() && spalteBand >= 0 && spalteTitel >= 0) {
+        FlexGrid* g = MSFlexGrid1;
+        g->setRedraw(false);
+        for (int zeile = 1; zeile < g->Rows(); ++zeile) {
+            if (g->TextMatrix(zeile, spalteBand) != band || g->TextMatrix(zeile, spalteTitel) != titel)
+                continue;
+            Data1->setAbsolutePosition(zeile - 1);
+            g->setRow(zeile);
+            if (zeile < g->Rows() - 1)
+                g->setTopRow(zeile);
+            g->setFocus();
+            break;
+        }
+        g->setRedraw(true);
+    }
+    CoverAktualisieren();
+    Mauszeiger(ZeigerStandard);
+}
+
+void Ausgabebox::MenuEintragLoeschen_Click()
+{
+    if (MsgNimb(QStringLiteral("Alle markierten Tonträger aus der Datenbank löschen?"), 22, 2,
+                QStringLiteral("Tonträger löschen"), 0)
+        != u"Ja")
+        return;
+    FlexGrid* g = MSFlexGrid1;
+    try {
+        MSFlexGrid1_RowColChange();
+        g->setRedraw(false);
+        const int anzahl = std::abs(g->RowSel() - g->Row()) + 1;
+        for (int n = 1; n <= anzahl; ++n) {
+            Bez[13]->setText(QString::number(n));
+            QCoreApplication::processEvents();
+            // The remaining rows move up: the same grid row is the next Carrier.
+            MSFlexGrid1_RowColChange();
+            Recordset* rs = Data1->recordset();
+            if (!rs)
+                throw Laufzeitfehler(91);
+            if (rs->RecordCount() <= 1) {
+                MsgNimb(QStringLiteral("Der letzte Datensatz darf nicht gelöscht werden."), 3, 0,
+                        QStringLiteral("Sicherheithinweis"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
+                break;
+            }
+            const QString cover = cboBildpfad->currentText();
+            if (!cover.isEmpty() && !cover.endsWith(u'/') && !cover.endsWith(u'\\') && QFile::exists(cover))
+                D().papierkorb().verschieben(cover);
+            rs->Delete();
+        }
+    } catch (const Laufzeitfehler& fehler) {
+        g->setRedraw(true);
+        Bez[13]->clear();
+        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuEintragLoeschen_Click"));
+        return;
+    }
+    g->setRedraw(true);
+    Bez[13]->clear();
+    MenuAktualisieren_Click();
+    Mauszeiger(ZeigerStandard);
+}
