@@ -772,7 +772,8 @@ void Ausgabebox::MenusAnlegen()
     // Entries whose commands are not built yet are there, but greyed.
     const QList<QAction*> bereit = {mnuOeffnen,         mnuNeueDatenbank,  mnuSpeichernUnter,
                                     MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
-                                    mnuTabelleAutosize, mnuAllesMarkieren};
+                                    mnuTabelleAutosize, mnuAllesMarkieren, mnuTabelleAnordnen,
+                                    MenuSQLabfrage};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : m->actions())
@@ -802,6 +803,7 @@ void Ausgabebox::EreignisseVerbinden()
     // Tool buttons whose commands stand; the others wait for their commands.
     const std::map<int, std::function<void()>> werkzeuge = {
         {2, [this] { MenuAktualisieren_Click(); }},
+        {4, [this] { MenuSQLabfrage_Click(); }},
         {9, [this] { MenuBeenden(); }},
         {10, [this] { mnuOeffnen_Click(); }},
         {16, [this] { mnuTabelleAutosize_Click(); }},
@@ -833,6 +835,8 @@ void Ausgabebox::EreignisseVerbinden()
     connect(cmdABC, &QPushButton::clicked, this, [this] { MenuAktualisieren_Click(); });
     connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
     connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
+    connect(mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
+    connect(MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
     connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
         connect(ButtonAlpabeth[size_t(i)], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
