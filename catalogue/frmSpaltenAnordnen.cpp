@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 const std::array<const char*, 18> frmSpaltenAnordnen::Tabellenspalten = {
@@ -44,8 +45,7 @@ QListWidget* liste(QWidget* eltern, const QString& name)
     auto* l = new QListWidget(eltern);
     l->setObjectName(name);
     l->setSelectionMode(QAbstractItemView::SingleSelection);
-    // Room for all 18 columns without scrolling at the usual font sizes.
-    l->setMinimumSize(Px(2400), Px(3900));
+    l->setMinimumWidth(Px(2400));
     return l;
 }
 
@@ -205,6 +205,16 @@ void frmSpaltenAnordnen::Form_Load()
             lstSpalten->addItem(titel.chopped(1));
     }
     chkNotSort->setChecked(Lesen(QStringLiteral("TableNotSort"), QStringLiteral("0")).trimmed() == u"1");
+
+    // Both lists show all 18 columns without scrolling, within reason on a small screen.
+    int zeile = std::max(lstTabelle->sizeHintForRow(0), lstSpalten->sizeHintForRow(0));
+    if (zeile <= 0)
+        zeile = QFontMetrics(lstTabelle->font()).height() + 4;
+    int hoehe = 18 * zeile + 2 * lstTabelle->frameWidth() + 4;
+    if (const QScreen* s = screen())
+        hoehe = std::min(hoehe, s->availableGeometry().height() * 3 / 5);
+    for (QListWidget* l : {lstTabelle, lstSpalten})
+        l->setMinimumHeight(std::max(hoehe, Px(1500)));
     adjustSize();
 }
 

@@ -283,6 +283,7 @@ void SQLform::ListSQL_Click()
         return;
     const QString text = ListSQL->item(zeile)->text();
     TextSQL->setText(text);
+    TextSQL->setCursorPosition(0); // a long statement is read from its start
     // Exact case on purpose: a statement in capitals is offered as a record source.
     if (text.contains(QStringLiteral("into")) || text.contains(QStringLiteral("update")))
         optSql[1]->setChecked(true);
