@@ -6,7 +6,6 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
-#include "catalogue/Recordset.h"
 #include "collections/SQLform.h"
 #include "platform/Einheiten.h"
 #include "platform/Mauszeiger.h"
@@ -16,11 +15,8 @@
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 
-#include <QAction>
 #include <QDialog>
 #include <QDir>
-#include <QFile>
-#include <QFontInfo>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -73,9 +69,8 @@ class TestSqlform : public QObject {
     QStringList spalte(const QString& kopf) const
     {
         QStringList werte;
-        const int c = w->SpalteSuchen(kopf);
         for (int r = 1; r < w->MSFlexGrid1->Rows(); ++r)
-            werte << w->MSFlexGrid1->TextMatrix(r, c);
+            werte << w->MSFlexGrid1->TextMatrix(r, w->SpalteSuchen(kopf));
         return werte;
     }
 
@@ -84,7 +79,6 @@ class TestSqlform : public QObject {
 private slots:
     void init()
     {
-        w.reset();
         Testumgebung::zuruecksetzen();
         Attrappen::dialoge().leeren();
         SqlAnweisung.clear();
@@ -97,33 +91,31 @@ private slots:
         SqlAnweisung.clear();
     }
 
-    void uebernehmenVerweigertDoppelte()
+    void listeSpeichernUndDoppelteVerweigern()
     {
+        // Brought over from Windows: Windows-1252, CR LF; empty lines are dropped.
+        DateiSchreiben(datei(), "select * from Schallplatten where Band = 'M\xf6tley'\r\n\r\nupdate x\r\n");
         SQLform f;
         f.Form_Load();
-        QCOMPARE(f.windowTitle(), QString("SQL-Anweisung"));
-        QVERIFY(eintraege(f.ListSQL).isEmpty()); // no file: an empty list
-        QVERIFY(f.optSql[0]->isChecked());
-        f.CommandUebernehmen->click(); // empty field: nothing
-        QVERIFY(!QFile::exists(datei()));
-
-        const QString a = "select * from Schallplatten where Band = 'Ärzte'";
-        f.TextSQL->setText(a);
+        QCOMPARE(eintraege(f.ListSQL), (QStringList{"select * from Schallplatten where Band = 'Mötley'", "update x"}));
+        f.TextSQL->setText("update x");
         f.CommandUebernehmen->click();
-        QCOMPARE(DateiLesen(datei()), (a + "\n").toUtf8());
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{"Der Eintrag ist schon vorhanden!\n\nupdate x"});
+        QCOMPARE(Attrappen::dialoge().meldungen().first().titel, QString("Hinweis"));
+        // One blank more is another statement; the file is written anew as UTF-8 with LF.
+        f.TextSQL->setText("update  x");
         f.CommandUebernehmen->click();
-        QCOMPARE(eintraege(f.ListSQL), QStringList{a});
-        const auto meldungen = Attrappen::dialoge().meldungen();
-        QCOMPARE(meldungen.size(), 1);
-        QCOMPARE(meldungen[0].text, "Der Eintrag ist schon vorhanden!\n\n" + a);
-        QCOMPARE(meldungen[0].titel, QString("Hinweis"));
-        // One blank more is another statement.
-        const QString b = "select *  from Schallplatten where Band = 'Ärzte'";
-        f.TextSQL->setText(b);
+        QCOMPARE(f.ListSQL->count(), 3);
+        QCOMPARE(DateiLesen(datei()),
+                 QByteArray("select * from Schallplatten where Band = 'M\xc3\xb6tley'\nupdate x\nupdate  x\n"));
+        f.TextSQL->clear();
         f.CommandUebernehmen->click();
-        QCOMPARE(eintraege(f.ListSQL), (QStringList{a, b}));
-        QCOMPARE(DateiLesen(datei()), (a + "\n" + b + "\n").toUtf8());
-        QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
+        QCOMPARE(f.ListSQL->count(), 3);
+        // Read anew at every opening.
+        TextdateiSchreiben(datei(), {"select 9"});
+        SQLform g;
+        g.Form_Load();
+        QCOMPARE(eintraege(g.ListSQL), QStringList{"select 9"});
     }
 
     void loeschenMitUndOhneFrage()
@@ -131,12 +123,8 @@ private slots:
         TextdateiSchreiben(datei(), {"select 1", "select 2", "select 3", "select 4"});
         SQLform f;
         f.Form_Load();
-        f.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&f));
-        // Nothing chosen: no question, nothing removed.
-        f.CommandLoeschen->click();
+        f.CommandLoeschen->click(); // nothing chosen: no question
         QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
-
         f.ListSQL->setCurrentRow(1);
         f.TextSQL->setText("select 2");
         Attrappen::dialoge().antwortenMsg << "Nein";
@@ -147,120 +135,60 @@ private slots:
         QCOMPARE(frage.typ, 22);
         QCOMPARE(frage.standard, 1);
         QCOMPARE(frage.titel, QString("Lumivox"));
-        QCOMPARE(f.TextSQL->text(), QString("select 2"));
         // Any other answer removes, the empty one of a closed box too.
         f.CommandLoeschen->click();
-        QCOMPARE(eintraege(f.ListSQL), (QStringList{"select 1", "select 3", "select 4"}));
         QCOMPARE(f.TextSQL->text(), QString());
         QCOMPARE(TextdateiLesen(datei()), (QStringList{"select 1", "select 3", "select 4"}));
-
         // The Delete key removes without a question.
         Attrappen::dialoge().leeren();
         f.ListSQL->setCurrentRow(2);
         f.TextSQL->setText("irgendwas");
-        f.ListSQL->setFocus();
         QTest::keyClick(f.ListSQL, Qt::Key_Delete);
         QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
-        QCOMPARE(eintraege(f.ListSQL), (QStringList{"select 1", "select 3"}));
         QCOMPARE(f.TextSQL->text(), QString());
         QCOMPARE(TextdateiLesen(datei()), (QStringList{"select 1", "select 3"}));
-        // Other keys leave the list alone.
-        QTest::keyClick(f.ListSQL, Qt::Key_Backspace);
-        QCOMPARE(f.ListSQL->count(), 2);
-        f.reject();
     }
 
-    void sqlDatAusWindowsUndBeiJedemOeffnen()
+    void klickUndTastenImFeld()
     {
-        // Windows-1252 with CR LF, as brought over: the umlauts come through, empty lines go.
-        DateiSchreiben(datei(), "select * from Schallplatten where Band = 'M\xf6tley'\r\n\r\nupdate x\r\n");
-        {
-            SQLform f;
-            f.Form_Load();
-            QCOMPARE(eintraege(f.ListSQL),
-                     (QStringList{"select * from Schallplatten where Band = 'Mötley'", "update x"}));
-            f.TextSQL->setText("delete from y");
-            f.CommandUebernehmen->click();
-            // Written back as UTF-8 with LF.
-            QCOMPARE(DateiLesen(datei()),
-                     QByteArray("select * from Schallplatten where Band = 'M\xc3\xb6tley'\nupdate x\ndelete from y\n"));
-        }
-        // Read anew at every opening.
-        TextdateiSchreiben(datei(), {"select 9"});
-        SQLform f;
-        f.Form_Load();
-        QCOMPARE(eintraege(f.ListSQL), QStringList{"select 9"});
-        // A file that cannot be written is reported, and the entry stays in the list.
-        QFile::remove(datei());
-        QDir().mkpath(datei());
-        f.TextSQL->setText("select 10");
-        f.CommandUebernehmen->click();
-        QCOMPARE(eintraege(f.ListSQL), (QStringList{"select 9", "select 10"}));
-        const auto meldungen = Attrappen::dialoge().meldungen();
-        QCOMPARE(meldungen.size(), 1);
-        QCOMPARE(meldungen[0].titel, QString("SQLform_CommandUebernehmen_Click"));
-        QCOMPARE(meldungen[0].typ, 3);
-        QVERIFY(meldungen[0].text.startsWith("75 "));
-    }
-
-    void klickWaehltDieArtNachKleinschreibung()
-    {
-        TextdateiSchreiben(datei(), {"insert into Schallplatten (Band) values ('X')",
-                                     "update Schallplatten set Stil = 'Jazz'", "UPDATE Schallplatten SET Stil = 'Jazz'",
-                                     "delete from Schallplatten", "select * from Schallplatten"});
+        TextdateiSchreiben(datei(), {"insert into T values (1)", "update T set a = 1", "UPDATE T SET a = 1",
+                                     "delete from T"});
         SQLform f;
         f.Form_Load();
         f.show();
         QVERIFY(QTest::qWaitForWindowExposed(&f));
-        const bool erwartet[] = {true, true, false, false, false};
-        for (int i = 0; i < 5; ++i) {
-            QListWidgetItem* eintrag = f.ListSQL->item(i);
+        // "into" and "update" in small letters choose Execute; capitals and delete do not.
+        const bool ausfuehren[] = {true, true, false, false};
+        for (int i = 0; i < 4; ++i) {
             QTest::mouseClick(f.ListSQL->viewport(), Qt::LeftButton, {},
-                              f.ListSQL->visualItemRect(eintrag).center());
-            QCOMPARE(f.TextSQL->text(), eintrag->text());
-            QCOMPARE(f.optSql[1]->isChecked(), erwartet[i]);
-            QCOMPARE(f.optSql[0]->isChecked(), !erwartet[i]);
+                              f.ListSQL->visualItemRect(f.ListSQL->item(i)).center());
+            QCOMPARE(f.TextSQL->text(), f.ListSQL->item(i)->text());
+            QCOMPARE(f.optSql[1]->isChecked(), ausfuehren[i]);
             QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(f.TextSQL));
         }
-        f.reject();
-    }
-
-    void tastenImFeld()
-    {
-        SQLform f;
-        f.Form_Load();
-        f.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&f));
-        f.TextSQL->setFocus();
+        f.TextSQL->clear();
         QTest::keyClicks(f.TextSQL, "select 'a'");
         QCOMPARE(f.TextSQL->text(), QString("select a"));
         // A release alone (the Enter that opened the window) runs nothing.
         QTest::keyRelease(f.TextSQL, Qt::Key_Return);
         QVERIFY(f.isVisible());
-        QCOMPARE(f.TextSQL->text(), QString("select a"));
         // A pasted line break becomes a blank: sql.dat keeps one statement a line.
-        f.TextSQL->setText("select *\nfrom Schallplatten");
-        QCOMPARE(f.TextSQL->text(), QString("select * from Schallplatten"));
-        // Enter runs the statement on its release.
+        f.TextSQL->setText("select *\nfrom T");
+        QCOMPARE(f.TextSQL->text(), QString("select * from T"));
         QTest::keyPress(f.TextSQL, Qt::Key_Return);
         QVERIFY(f.isVisible());
         QTest::keyRelease(f.TextSQL, Qt::Key_Return);
         QVERIFY(!f.isVisible());
-        QCOMPARE(f.result(), int(QDialog::Accepted));
-        QCOMPARE(SqlAnweisung, QString("select * from Schallplatten"));
+        QCOMPARE(SqlAnweisung, QString("select * from T"));
     }
 
-    void fensterplatzUndSchrift()
+    void fensterplatz()
     {
         {
-            // Empty store: the design size at the top left.
             SQLform f;
             f.Form_Load();
-            QCOMPARE(f.pos(), QPoint(0, 0));
-            QCOMPARE(f.size(), QSize(Px(10650), Px(7170)));
-            QCOMPARE(f.TextSQL->font().pointSizeF(), 10.0);
+            QCOMPARE(f.geometry(), QRect(0, 0, Px(10650), Px(7170)));
             QCOMPARE(f.ListSQL->font().pointSizeF(), 10.0);
-            QCOMPARE(f.ListSQL->font().family(), QFontInfo(f.TextSQL->font()).family());
             f.show();
             QVERIFY(QTest::qWaitForWindowExposed(&f));
             f.move(150, 75);
@@ -271,63 +199,41 @@ private slots:
         QCOMPARE(Lesen("SQLformleft"), QString("2250"));
         QCOMPARE(Lesen("SQLformwidth"), QString("11250"));
         QCOMPARE(Lesen("SQLformheight"), QString("7650"));
-        // Written with a capital L, the spelling the store keeps.
         QVERIFY(DateiLesen(EinstellungsDatei(AppName)).contains("SQLformLeft=2250"));
-
-        Speichern("ProgSchriftSize", "13");
         SQLform f;
         f.Form_Load();
-        QCOMPARE(f.pos(), QPoint(150, 75));
-        QCOMPARE(f.size(), QSize(750, 510));
-        QCOMPARE(f.ListSQL->font().pointSizeF(), 13.0);
+        QCOMPARE(f.geometry(), QRect(150, 75, 750, 510));
         // Closed maximized: the place of before stays.
         f.showMaximized();
         QVERIFY(QTest::qWaitForWindowExposed(&f));
         f.CommandExit->click();
-        QCOMPARE(Lesen("SQLformleft"), QString("2250"));
         QCOMPARE(Lesen("SQLformwidth"), QString("11250"));
-        // A value that does not convert leaves the design value.
-        Speichern("SQLformwidth", "breit");
-        SQLform g;
-        g.Form_Load();
-        QCOMPARE(g.width(), Px(10650));
     }
 
-    void leeresFeldUndExitTunNichts()
+    void leerUndExitTunNichts()
     {
         starten();
-        QVERIFY(w->MenuSQLabfrage->isEnabled());
         const QString quelle = w->Data1->RecordSource();
-        ModalBedienen([](QDialog* d) {
-            QCOMPARE(d->objectName(), QString("SQLform"));
-            QCOMPARE(d->findChild<Textfeld*>("TextSQL")->text(), QString());
-            QVERIFY(Klicken(d, "CommandOK"));
-        });
+        ModalBedienen([](QDialog* d) { QVERIFY(Klicken(d, "CommandOK")); });
         w->MenuSQLabfrage->trigger();
         QVERIFY(ModalBedient());
         QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
         QCOMPARE(w->Data1->RecordSource(), quelle);
-        QCOMPARE(w->MSFlexGrid1->Rows(), 5);
-
-        // Exit forgets the statement: nothing runs, the next opening is empty.
-        ModalBedienen([](QDialog* d) {
-            d->findChild<Textfeld*>("TextSQL")->setText("delete from Schallplatten");
-            d->findChild<QRadioButton*>("optSql(1)")->click();
-            QVERIFY(Klicken(d, "CommandExit"));
-        });
-        w->MenuSQLabfrage_Click();
+        // Exit and Esc forget the statement: nothing runs, the next opening is empty.
+        for (const bool esc : {false, true}) {
+            ModalBedienen([esc](QDialog* d) {
+                QCOMPARE(d->findChild<Textfeld*>("TextSQL")->text(), QString());
+                d->findChild<Textfeld*>("TextSQL")->setText("delete from Schallplatten");
+                d->findChild<QRadioButton*>("optSql(1)")->click();
+                if (esc)
+                    QTest::keyClick(d, Qt::Key_Escape);
+                else
+                    Klicken(d, "CommandExit");
+            });
+            QTest::mouseClick(w->cmdButton[4], Qt::LeftButton); // the tool button opens it too
+            QVERIFY(ModalBedient());
+        }
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
-        // Esc leaves the same way.
-        ModalBedienen([](QDialog* d) {
-            QCOMPARE(d->findChild<Textfeld*>("TextSQL")->text(), QString());
-            d->findChild<Textfeld*>("TextSQL")->setText("delete from Schallplatten");
-            d->findChild<QRadioButton*>("optSql(1)")->click();
-            QTest::keyClick(d, Qt::Key_Escape);
-        });
-        w->MenuSQLabfrage_Click();
-        QVERIFY(ModalBedient());
-        QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
-        QCOMPARE(SqlAnweisung, QString());
     }
 
     void datensatzquelleFiltertOhneZuSpeichern()
@@ -337,97 +243,57 @@ private slots:
         const QString sql = "select * from Schallplatten where Stil like 'p*' order by Band";
         ModalBedienen(ausfuehren(sql, 0));
         w->MenuSQLabfrage_Click();
-        QVERIFY(ModalBedient());
         QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Ärzte"}));
-        QCOMPARE(w->Data1->RecordSource(), sql);
         QCOMPARE(Lesen("Data1RecordSource"), gespeichert);
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
         // The next opening shows the statement that ran.
         ModalBedienen([sql](QDialog* d) {
             QCOMPARE(d->findChild<Textfeld*>("TextSQL")->text(), sql);
-            QVERIFY(Klicken(d, "CommandExit"));
+            Klicken(d, "CommandExit");
         });
         w->MenuSQLabfrage_Click();
-        QVERIFY(ModalBedient());
-
-        // A record source of fewer columns is shown as it is.
-        ModalBedienen(ausfuehren("select Band, Stil from Schallplatten order by Stil", 0));
-        w->MenuSQLabfrage_Click();
-        QCOMPARE(w->MSFlexGrid1->Cols(), 2);
-        QCOMPARE(spalte("Stil"), (QStringList{"Blues", "Klassik", "Pop", "Punk"}));
 
         // A delete offered as record source is refused: nothing deleted, the source stays.
         ModalBedienen(ausfuehren("delete from Schallplatten", 0));
         w->MenuSQLabfrage_Click();
-        const auto meldungen = Attrappen::dialoge().meldungen();
-        QCOMPARE(meldungen.size(), 1);
-        QCOMPARE(meldungen[0].titel, QString("Ausgabebox_MenuSQLabfrage_Click"));
-        QCOMPARE(meldungen[0].typ, 3);
+        QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
+        QCOMPARE(Attrappen::dialoge().meldungen()[0].titel, QString("Ausgabebox_MenuSQLabfrage_Click"));
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
         QCOMPARE(w->Data1->RecordSource(), QString("delete from Schallplatten"));
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
-        // The refresh brings the saved table back.
         w->MenuAktualisieren_Click();
         QCOMPARE(w->MSFlexGrid1->Rows(), 5);
     }
 
-    void executeMeldetDieAnzahl()
+    void executeZaehltOderMeldetDenFehler()
     {
         starten();
         ModalBedienen(ausfuehren("update Schallplatten set Stil = 'Jazz' where Stil like 'P*'", 1));
         w->MenuSQLabfrage_Click();
-        QVERIFY(ModalBedient());
-        const auto meldungen = Attrappen::dialoge().meldungen();
-        QCOMPARE(meldungen.size(), 1);
-        QCOMPARE(meldungen[0].text, QString("2 Datensätze bearbeitet!"));
-        QCOMPARE(meldungen[0].titel, QString("SQL-Befehl ausgeführt"));
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{"2 Datensätze bearbeitet!"});
+        QCOMPARE(Attrappen::dialoge().meldungen()[0].titel, QString("SQL-Befehl ausgeführt"));
         QCOMPARE(spalte("Stil"), (QStringList{"Jazz", "Jazz", "Klassik", "Blues"}));
         QCOMPARE(KatalogSpalte(katalog, "Stil"), (QStringList{"Jazz", "Klassik", "Jazz", "Blues"}));
-        QCOMPARE(MauszeigerArt(), ZeigerStandard);
-    }
 
-    void executeMitSelectEndetImFehlerkasten()
-    {
-        starten();
+        // A select as action ends in the common error box; the table stays as it was.
+        Attrappen::dialoge().leeren();
         const QString quelle = w->Data1->RecordSource();
         ModalBedienen(ausfuehren("select * from Schallplatten", 1));
         w->MenuSQLabfrage_Click();
-        QVERIFY(ModalBedient());
-        auto meldungen = Attrappen::dialoge().meldungen();
-        QCOMPARE(meldungen.size(), 1);
-        QCOMPARE(meldungen[0].titel, QString("Ausgabebox_MenuSQLabfrage_Click"));
-        QCOMPARE(meldungen[0].typ, 3);
-        QCOMPARE(meldungen[0].standard, 0);
-        QCOMPARE(meldungen[0].sekunden, 1);
-        QCOMPARE(meldungen[0].hintergrund, Farbe::FehlerHintergrund);
-        QVERIFY(meldungen[0].text.startsWith("3065 "));
+        const Meldung fehler = Attrappen::dialoge().meldungen().value(0);
+        QCOMPARE(fehler.titel, QString("Ausgabebox_MenuSQLabfrage_Click"));
+        QCOMPARE(fehler.typ, 3);
+        QCOMPARE(fehler.hintergrund, Farbe::FehlerHintergrund);
+        QVERIFY(fehler.text.startsWith("3065 "));
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
-        // The table is untouched and the program goes on: a wrong statement, then a good one.
         QCOMPARE(w->Data1->RecordSource(), quelle);
         QCOMPARE(w->MSFlexGrid1->Rows(), 5);
-        ModalBedienen(ausfuehren("update Schallplaten set Stil = 'x'", 1));
-        w->MenuSQLabfrage_Click();
-        meldungen = Attrappen::dialoge().meldungen();
-        QCOMPARE(meldungen.size(), 2);
-        QVERIFY(meldungen[1].text.contains("Schallplaten"));
+        // The program goes on.
         ModalBedienen(ausfuehren("delete from Schallplatten where Band = 'Bach'", 1));
         w->MenuSQLabfrage_Click();
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("1 Datensätze bearbeitet!"));
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Ärzte", "Cream"}));
-    }
-
-    void werkzeugknopfOeffnetDieKonsole()
-    {
-        starten();
-        Bildknopf* knopf = w->cmdButton[4];
-        QVERIFY(knopf->isEnabled());
-        ModalBedienen([](QDialog* d) {
-            QCOMPARE(d->objectName(), QString("SQLform"));
-            QVERIFY(Klicken(d, "CommandExit"));
-        });
-        QTest::mouseClick(knopf, Qt::LeftButton);
-        QVERIFY(ModalBedient());
     }
 };
 
