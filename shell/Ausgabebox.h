@@ -116,6 +116,11 @@ public:
     void mnuAllesMarkieren_Click();
     // Index of the grid column whose head is the name, -1 when none.
     int SpalteSuchen(const QString& kopf) const;
+    // The column arrangement window, then layout and widths (catalogue/Ausgabebox_Spalten.cpp).
+    void mnuTabelleAnordnen_Click();
+
+    // ---- SQL console (collections/Ausgabebox_SQL.cpp) ----
+    void MenuSQLabfrage_Click();
 
     // ---- Filled in by later subsystems ----
     void CoverListeAktuell();

@@ -773,7 +773,8 @@ void Ausgabebox::MenusAnlegen()
     const QList<QAction*> bereit = {mnuOeffnen,         mnuNeueDatenbank,  mnuSpeichernUnter,
                                     MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
                                     mnuTabelleAutosize, mnuAllesMarkieren, MenuNeuEingabe,
-                                    MenuSpeichern,      MenuEintragLoeschen};
+                                    MenuSpeichern,      MenuEintragLoeschen, mnuTabelleAnordnen,
+                                    MenuSQLabfrage};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : m->actions())
@@ -808,6 +809,7 @@ void Ausgabebox::EreignisseVerbinden()
         {0, [this] { MenuNeuEingabe_Click(); }},
         {1, [this] { MenuSpeichern_Click(); }},
         {2, [this] { MenuAktualisieren_Click(); }},
+        {4, [this] { MenuSQLabfrage_Click(); }},
         {9, [this] { MenuBeenden(); }},
         {10, [this] { mnuOeffnen_Click(); }},
         {16, [this] { mnuTabelleAutosize_Click(); }},
@@ -839,6 +841,8 @@ void Ausgabebox::EreignisseVerbinden()
     connect(cmdABC, &QPushButton::clicked, this, [this] { MenuAktualisieren_Click(); });
     connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
     connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
+    connect(mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
+    connect(MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
     connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
         connect(ButtonAlpabeth[size_t(i)], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
