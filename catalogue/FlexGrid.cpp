@@ -26,9 +26,14 @@ public:
         rs = r;
         felder.clear();
         zeilen = 0;
-        const int spalten = rs ? rs->FieldCount() : spaltenBisher;
-        for (int i = 0; i < spalten; ++i)
-            felder.push_back(rs ? i : -1);
+        // A picture column has no text to show: the table leaves it out.
+        if (rs) {
+            for (int i = 0; i < rs->FieldCount(); ++i)
+                if (!rs->IstBild(i))
+                    felder.push_back(i);
+        } else {
+            felder.assign(size_t(spaltenBisher), -1);
+        }
         if (rs)
             zeilen = rs->RecordCount();
         endResetModel();
@@ -115,7 +120,7 @@ public:
 
 namespace {
 constexpr int StandardBreite = 1000; // twips
-constexpr int EntwurfSpalten = 19;   // the columns of a catalogue, picture included
+constexpr int EntwurfSpalten = 18;   // the text columns of a catalogue
 }
 
 FlexGrid::FlexGrid(QWidget* eltern)

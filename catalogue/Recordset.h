@@ -38,6 +38,8 @@ public:
     const QStringList& FieldNames() const { return m_spalten; }
     // Index of a column by name, without regard to case; -1 when there is none.
     int FieldIndex(const QString& name) const;
+    // True for a picture column of the table (read for one row at a time, never shown).
+    bool IstBild(int spalte) const { return gueltigeSpalte(spalte) && m_istBlob[size_t(spalte)]; }
 
     int RecordCount() const { return int(m_anzahl); }
     // 0-based position of the current record; -1 when there is none or a new record is
