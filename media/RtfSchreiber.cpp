@@ -282,7 +282,7 @@ void Schreiber::absatz(const QTextBlock& block)
     if (art != 0) {
         // A list paragraph always has room for its bullet; the reader draws it there.
         if (links <= 0)
-            links = Twips(m_dokument->indentWidth());
+            links = std::max(Twips(m_dokument->indentWidth()), 1);
         erste = bf.hasProperty(RtfEigenschaft::ErstzeileTwips)
             ? std::clamp(bf.intProperty(RtfEigenschaft::ErstzeileTwips), -RtfMaxTwips, RtfMaxTwips)
             : -std::min(360, links);
