@@ -5,6 +5,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "media/Rtf.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
@@ -136,10 +137,10 @@ void Ausgabebox::imgCDnote_Click(int index)
 
 void Ausgabebox::TextfensterSetzen(QTextEdit* text, const QString& wert)
 {
-    text->setPlainText(wert);
+    RtfLesen(wert, text->document(), text->font());
 }
 
-QString Ausgabebox::TextfensterLesen(QTextEdit* text) const { return text->toPlainText(); }
+QString Ausgabebox::TextfensterLesen(QTextEdit* text) const { return RtfSchreiben(text->document()); }
 
 void Ausgabebox::AktuelleCDanzeigen()
 {

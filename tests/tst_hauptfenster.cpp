@@ -246,6 +246,36 @@ private slots:
         QCOMPARE(KatalogSpalte(w->Data1->DatabaseName(), "Bewertung"), (QStringList{"3", "7", "3"}));
     }
 
+    void reichtextZeigtFormatUndSchreibtZurueck()
+    {
+        starten({Zeilenwerte{{"Band", "Abba"},
+                             {"Songs", "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs24 {\\b Fett} M\\'e4dchen\\par}"},
+                             {"InfoTab", "nur Text"}},
+                 Zeilenwerte{{"Band", "Bach"}}});
+        QCOMPARE(w->TextSongs->toPlainText(), QString("Fett Mädchen"));
+        QTextCursor c(w->TextSongs->document());
+        c.setPosition(1);
+        QVERIFY(c.charFormat().fontWeight() > QFont::Normal);
+        c.setPosition(7);
+        QCOMPARE(c.charFormat().fontWeight(), int(QFont::Normal));
+        QCOMPARE(w->rtfInfo->toPlainText(), QString("nur Text"));
+        // Moving without an edit writes nothing.
+        w->MSFlexGrid1->setRow(2);
+        w->MSFlexGrid1->setRow(1);
+        QCOMPARE(KatalogSpalte(w->Data1->DatabaseName(), "InfoTab").first(), QString("nur Text"));
+        // An edit is stored as RTF with the German letters escaped.
+        QTextCursor ende(w->TextSongs->document());
+        ende.movePosition(QTextCursor::End);
+        ende.insertText(QStringLiteral(" Größe"));
+        w->MSFlexGrid1->setRow(2);
+        const QString songs = KatalogSpalte(w->Data1->DatabaseName(), "Songs").first();
+        QVERIFY2(songs.startsWith("{\\rtf1\\ansi"), qPrintable(songs));
+        QVERIFY2(songs.contains("M\\'e4dchen Gr\\'f6\\'dfe"), qPrintable(songs));
+        QVERIFY2(songs.contains("\\b "), qPrintable(songs));
+        w->MSFlexGrid1->setRow(1);
+        QCOMPARE(w->TextSongs->toPlainText(), QString("Fett Mädchen Größe"));
+    }
+
     void apostrophUndEnterWerdenGeschluckt()
     {
         starten(Baender({"Abba"}));
