@@ -41,7 +41,10 @@ public:
                 m_player.setPosition(m_ausstehend);
                 m_ausstehend = -1;
             }
+            if (s == QMediaPlayer::InvalidMedia)
+                fehlgeschlagen();
         });
+        connect(&m_player, &QMediaPlayer::errorOccurred, this, &EchterMedienspieler::fehlgeschlagen);
     }
 
     void setURL(const QString& pfad) override
@@ -50,10 +53,13 @@ public:
         // it ends up, so that a change of track does not look like the end of playing.
         m_stumm = true;
         m_ausstehend = -1;
+        ++m_datei;
         m_player.stop();
         m_url = pfad;
-        m_player.setSource(pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(pfad));
-        if (!pfad.isEmpty())
+        // A file that is not there is not started: the control is stopped at once.
+        const bool vorhanden = QFileInfo(pfad).isFile();
+        m_player.setSource(vorhanden ? QUrl::fromLocalFile(pfad) : QUrl());
+        if (vorhanden)
             m_player.play();
         m_stumm = false;
         melden();
@@ -106,6 +112,21 @@ public:
     }
 
 private:
+    // The backend stays in its playing state when a file cannot be played; the control
+    // stops instead, so that whoever waits for the end is not left waiting. Later, since
+    // this comes from inside the backend, and only if no other file was set meanwhile.
+    void fehlgeschlagen()
+    {
+        const int datei = m_datei;
+        QMetaObject::invokeMethod(
+            this,
+            [this, datei] {
+                if (datei == m_datei && m_player.playbackState() != QMediaPlayer::StoppedState)
+                    m_player.stop();
+            },
+            Qt::QueuedConnection);
+    }
+
     void melden()
     {
         const int z = playState();
@@ -120,6 +141,7 @@ private:
     QString m_url;
     int m_gemeldet = Gestoppt;
     qint64 m_ausstehend = -1;
+    int m_datei = 0; // counts the files set, to tell a late error of an earlier one
     bool m_stumm = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -196,7 +197,8 @@ void SpielerAttrappe::setURL(const QString& pfad)
     m_url = pfad;
     m_basis = 0.0;
     m_anker = uhrMs();
-    wechseln(pfad.isEmpty() ? Gestoppt : Spielt);
+    // As the real control: a file that is not there does not start.
+    wechseln(QFileInfo(pfad).isFile() ? Spielt : Gestoppt);
 }
 
 void SpielerAttrappe::play()

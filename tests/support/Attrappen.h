@@ -127,7 +127,8 @@ public:
 
 // The media player control without sound: it records every call, and its position runs
 // with the clock service while it plays, so a fake clock moves it. At its length (when one
-// is set) it stops by itself, as a file that plays to its end.
+// is set) it stops by itself, as a file that plays to its end. Like the real control it
+// starts only files that exist; any file will do, the double never reads it.
 class SpielerAttrappe : public Medienspieler {
     Q_OBJECT
 public:
