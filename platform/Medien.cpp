@@ -3,7 +3,6 @@
 #include <QAudioOutput>
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QHash>
 #include <QImageReader>
 #include <QMediaMetaData>
 #include <QMediaPlayer>
@@ -36,11 +35,14 @@ public:
             if (!m_stumm)
                 melden();
         });
+        // A position asked for while the file loads is taken once the backend can seek;
+        // before that GStreamer drops it.
+        connect(&m_player, &QMediaPlayer::seekableChanged, this, &EchterMedienspieler::ausstehendeNehmen);
         connect(&m_player, &QMediaPlayer::mediaStatusChanged, this, [this](QMediaPlayer::MediaStatus s) {
-            if (m_ausstehend >= 0 && (s == QMediaPlayer::LoadedMedia || s == QMediaPlayer::BufferedMedia)) {
-                m_player.setPosition(m_ausstehend);
-                m_ausstehend = -1;
-            }
+            if (s == QMediaPlayer::LoadedMedia || s == QMediaPlayer::BufferedMedia)
+                ausstehendeNehmen();
+            if (s == QMediaPlayer::BufferedMedia || s == QMediaPlayer::EndOfMedia || s == QMediaPlayer::InvalidMedia)
+                m_ausstehend = -1; // loaded and still not seekable: it never will be
             if (s == QMediaPlayer::InvalidMedia)
                 fehlgeschlagen();
         });
@@ -91,7 +93,8 @@ public:
     {
         const qint64 ms = qMax<qint64>(0, qint64(sekunden * 1000.0 + 0.5));
         const auto status = m_player.mediaStatus();
-        if (status == QMediaPlayer::LoadingMedia || (status == QMediaPlayer::NoMedia && !m_url.isEmpty()))
+        const bool laedt = status == QMediaPlayer::LoadingMedia || status == QMediaPlayer::LoadedMedia;
+        if (laedt && !m_player.isSeekable())
             m_ausstehend = ms;
         else
             m_player.setPosition(ms);
@@ -125,6 +128,14 @@ private:
                     m_player.stop();
             },
             Qt::QueuedConnection);
+    }
+
+    void ausstehendeNehmen()
+    {
+        if (m_ausstehend >= 0 && m_player.isSeekable()) {
+            m_player.setPosition(m_ausstehend);
+            m_ausstehend = -1;
+        }
     }
 
     void melden()

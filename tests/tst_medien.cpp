@@ -6,6 +6,7 @@
 #include "playback/modPlatten.h"
 
 #include <QAudioOutput>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QMediaPlayer>
 #include <QProcess>
@@ -224,6 +225,17 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(s->playState(), int(Medienspieler::Gestoppt), 8000);
         QCOMPARE(zustaende.last().at(0).toInt(), int(Medienspieler::Gestoppt));
         QVERIFY(s->currentPosition() > 0.5);
+        // A position set at once, while the file still loads, is taken when it has loaded:
+        // two seconds from 1.5 on end in about half a second.
+        const QString lang = m_ordner + QStringLiteral("Zwei Sekunden.ogg");
+        QVERIFY(Ton(lang, 2.0));
+        QElapsedTimer uhr;
+        uhr.start();
+        s->setURL(lang);
+        s->setCurrentPosition(1.5);
+        QVERIFY(s->currentPosition() >= 1.5);
+        QTRY_COMPARE_WITH_TIMEOUT(s->playState(), int(Medienspieler::Gestoppt), 8000);
+        QVERIFY2(uhr.elapsed() < 1600, qPrintable(QString::number(uhr.elapsed())));
         // Started again and closed: stopped, and the file is let go.
         s->setURL(pfad);
         QCOMPARE(s->playState(), int(Medienspieler::Spielt));
