@@ -1,6 +1,7 @@
 #include "platform/Dienste.h"
 
 #include "platform/Dialogdienst.h"
+#include "platform/Medien.h"
 #include "platform/Uhr.h"
 
 #include <QDesktopServices>
@@ -140,6 +141,13 @@ Prozess& Dienste::prozess()
     return *m_prozess;
 }
 
+Medien& Dienste::medien()
+{
+    if (!m_medien)
+        m_medien = EchteMedienErzeugen();
+    return *m_medien;
+}
+
 void Dienste::setzeDialoge(std::unique_ptr<Dialogdienst> d) { m_dialoge = std::move(d); }
 void Dienste::setzeUhr(std::unique_ptr<Uhr> u) { m_uhr = std::move(u); }
 void Dienste::setzeZufall(std::unique_ptr<Zufall> z) { m_zufall = std::move(z); }
@@ -147,3 +155,4 @@ void Dienste::setzeKlang(std::unique_ptr<Klang> k) { m_klang = std::move(k); }
 void Dienste::setzeShell(std::unique_ptr<Shell> s) { m_shell = std::move(s); }
 void Dienste::setzePapierkorb(std::unique_ptr<Papierkorb> p) { m_papierkorb = std::move(p); }
 void Dienste::setzeProzess(std::unique_ptr<Prozess> p) { m_prozess = std::move(p); }
+void Dienste::setzeMedien(std::unique_ptr<Medien> m) { m_medien = std::move(m); }

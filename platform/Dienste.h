@@ -7,6 +7,7 @@
 #include <memory>
 
 class Dialogdienst;
+class Medien;
 class Uhr;
 
 class Zufall {
@@ -56,6 +57,7 @@ public:
     Shell& shell();
     Papierkorb& papierkorb();
     Prozess& prozess();
+    Medien& medien();
 
     void setzeDialoge(std::unique_ptr<Dialogdienst> d);
     void setzeUhr(std::unique_ptr<Uhr> u);
@@ -64,6 +66,7 @@ public:
     void setzeShell(std::unique_ptr<Shell> s);
     void setzePapierkorb(std::unique_ptr<Papierkorb> p);
     void setzeProzess(std::unique_ptr<Prozess> p);
+    void setzeMedien(std::unique_ptr<Medien> m);
 
 private:
     Dienste();
@@ -75,6 +78,7 @@ private:
     std::unique_ptr<Shell> m_shell;
     std::unique_ptr<Papierkorb> m_papierkorb;
     std::unique_ptr<Prozess> m_prozess;
+    std::unique_ptr<Medien> m_medien;
 };
 
 inline Dienste& D() { return Dienste::instanz(); }

@@ -3,6 +3,8 @@
 #include "shell/Ausgabebox.h"
 #include "shell/EchteDialoge.h"
 
+#include "platform/Medien.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -40,6 +42,7 @@ int RessourcenKopieren(const QString& programmOrdner)
 
 int RillenkammerStarten(int argc, char* argv[])
 {
+    MedienBackendWaehlen();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Rillenkammer"));
     QApplication::setDesktopFileName(QStringLiteral("rillenkammer"));

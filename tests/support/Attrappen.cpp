@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -158,6 +159,159 @@ bool PapierkorbAttrappe::verschieben(const QString& pfad)
     return QFile::remove(pfad);
 }
 
+SpielerAttrappe::SpielerAttrappe(MedienAttrappe* herkunft, QObject* eltern)
+    : Medienspieler(eltern)
+    , m_herkunft(herkunft)
+{
+    m_takt = D().uhr().neuerZeitgeber(this);
+    m_takt->setInterval(100);
+    connect(m_takt, &Zeitgeber::Timer, this, &SpielerAttrappe::pruefen);
+}
+
+SpielerAttrappe::~SpielerAttrappe()
+{
+    if (m_herkunft)
+        m_herkunft->spieler.removeAll(this);
+}
+
+qint64 SpielerAttrappe::uhrMs() const { return D().uhr().jetzt().toMSecsSinceEpoch(); }
+
+double SpielerAttrappe::currentPosition() const
+{
+    double p = m_basis;
+    if (m_zustand == Spielt)
+        p += (uhrMs() - m_anker) / 1000.0;
+    return dauer > 0.0 ? std::min(p, dauer) : p;
+}
+
+void SpielerAttrappe::setCurrentPosition(double sekunden)
+{
+    aufrufe << QStringLiteral("Position %1").arg(sekunden);
+    m_basis = std::max(0.0, sekunden);
+    m_anker = uhrMs();
+}
+
+void SpielerAttrappe::setURL(const QString& pfad)
+{
+    aufrufe << QStringLiteral("URL ") + pfad;
+    m_url = pfad;
+    m_basis = 0.0;
+    m_anker = uhrMs();
+    // As the real control: a file that is not there does not start.
+    wechseln(QFileInfo(pfad).isFile() ? Spielt : Gestoppt);
+}
+
+void SpielerAttrappe::play()
+{
+    aufrufe << QStringLiteral("play");
+    if (!m_url.isEmpty())
+        wechseln(Spielt);
+}
+
+void SpielerAttrappe::pause()
+{
+    aufrufe << QStringLiteral("pause");
+    if (m_zustand == Spielt)
+        wechseln(Angehalten);
+}
+
+void SpielerAttrappe::stop()
+{
+    aufrufe << QStringLiteral("stop");
+    wechseln(Gestoppt);
+    m_basis = 0.0;
+}
+
+void SpielerAttrappe::close()
+{
+    aufrufe << QStringLiteral("close");
+    m_url.clear();
+    wechseln(Gestoppt);
+    m_basis = 0.0;
+}
+
+void SpielerAttrappe::zustandSetzen(int zustand)
+{
+    m_basis = currentPosition();
+    m_anker = uhrMs();
+    m_zustand = zustand;
+    m_takt->setEnabled(zustand == Spielt);
+    emit PlayStateChange(zustand);
+}
+
+void SpielerAttrappe::ende()
+{
+    m_basis = dauer;
+    m_anker = uhrMs();
+    wechseln(Gestoppt);
+}
+
+void SpielerAttrappe::wechseln(int zustand)
+{
+    if (zustand != m_zustand)
+        zustandSetzen(zustand);
+}
+
+void SpielerAttrappe::pruefen()
+{
+    if (m_zustand == Spielt && dauer > 0.0 && currentPosition() >= dauer)
+        ende();
+}
+
+bool MedienAttrappe::oeffnenUndSpielen(const QString& pfad, const QString& alias)
+{
+    befehle << QStringLiteral("open %1 alias %2").arg(pfad, alias);
+    if (!oeffnenGelingt || offen.contains(alias.toLower()))
+        return false;
+    offen.insert(alias.toLower(), pfad);
+    befehle << QStringLiteral("play %1 from 0").arg(alias);
+    return true;
+}
+
+void MedienAttrappe::stoppenUndSchliessen(const QString& alias)
+{
+    befehle << QStringLiteral("stop ") + alias << QStringLiteral("close ") + alias;
+    offen.remove(alias.toLower());
+}
+
+Medienspieler* MedienAttrappe::neuerSpieler(QObject* eltern)
+{
+    auto* s = new SpielerAttrappe(this, eltern);
+    spieler << s;
+    return s;
+}
+
+double MedienAttrappe::laenge(const QString& pfad)
+{
+    gemessen << pfad;
+    const auto it = laengen.constFind(pfad);
+    return it != laengen.constEnd() ? *it : MedienlaengeLesen(pfad);
+}
+
+MedienAttrappe::~MedienAttrappe()
+{
+    for (SpielerAttrappe* s : std::as_const(spieler))
+        s->m_herkunft = nullptr;
+}
+
+QStringList MedienAttrappe::gestartet() const
+{
+    QStringList liste;
+    for (qsizetype i = 0; i + 1 < befehle.size(); ++i)
+        if (befehle[i].startsWith(u"open ") && befehle[i + 1].startsWith(u"play "))
+            liste << befehle[i].mid(5, befehle[i].lastIndexOf(QStringLiteral(" alias ")) - 5);
+    return liste;
+}
+
+void MedienAttrappe::leeren()
+{
+    befehle.clear();
+    offen.clear();
+    oeffnenGelingt = true;
+    laengen.clear();
+    gemessen.clear();
+}
+
 namespace {
 DialogAttrappe* s_dialoge;
 FalscheUhr* s_uhr;
@@ -166,6 +320,7 @@ KlangAttrappe* s_klang;
 ShellAttrappe* s_shell;
 PapierkorbAttrappe* s_papierkorb;
 ProzessAttrappe* s_prozess;
+MedienAttrappe* s_medien;
 
 template <class T, class Setzer>
 T* einsetzen(Setzer setzer)
@@ -184,6 +339,7 @@ KlangAttrappe& Attrappen::klang() { return *s_klang; }
 ShellAttrappe& Attrappen::shell() { return *s_shell; }
 PapierkorbAttrappe& Attrappen::papierkorb() { return *s_papierkorb; }
 ProzessAttrappe& Attrappen::prozess() { return *s_prozess; }
+MedienAttrappe& Attrappen::medien() { return *s_medien; }
 
 void Attrappen::installieren()
 {
@@ -196,4 +352,5 @@ void Attrappen::installieren()
     s_shell = einsetzen<ShellAttrappe>(&Dienste::setzeShell);
     s_papierkorb = einsetzen<PapierkorbAttrappe>(&Dienste::setzePapierkorb);
     s_prozess = einsetzen<ProzessAttrappe>(&Dienste::setzeProzess);
+    s_medien = einsetzen<MedienAttrappe>(&Dienste::setzeMedien);
 }

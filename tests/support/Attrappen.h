@@ -3,9 +3,12 @@
 // from a queue, so that no test waits on a window or on real time.
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
+#include "platform/Medien.h"
 #include "platform/Uhr.h"
 
+#include <QHash>
 #include <QList>
+#include <QMap>
 #include <QQueue>
 #include <QStringList>
 
@@ -122,6 +125,82 @@ public:
     void beenden(int code) override { beendet << code; }
 };
 
+// The media player control without sound: it records every call, and its position runs
+// with the clock service while it plays, so a fake clock moves it. At its length (when one
+// is set) it stops by itself, as a file that plays to its end. Like the real control it
+// starts only files that exist; any file will do, the double never reads it.
+class SpielerAttrappe : public Medienspieler {
+    Q_OBJECT
+public:
+    SpielerAttrappe(class MedienAttrappe* herkunft, QObject* eltern);
+    ~SpielerAttrappe() override;
+
+    // "URL <path>", "play", "pause", "stop", "close", "Position <s>", in order.
+    QStringList aufrufe;
+    // The length a loaded file reports; 0 plays without end.
+    double dauer = 0.0;
+    QList<QPair<QString, QString>> tags;
+    QVideoWidget* videoAusgabe = nullptr;
+
+    void setURL(const QString& pfad) override;
+    QString URL() const override { return m_url; }
+    void play() override;
+    void pause() override;
+    void stop() override;
+    void close() override;
+    double currentPosition() const override;
+    void setCurrentPosition(double sekunden) override;
+    double duration() const override { return m_url.isEmpty() ? 0.0 : dauer; }
+    int playState() const override { return m_zustand; }
+    void setVideoOutput(QVideoWidget* ausgabe) override { videoAusgabe = ausgabe; }
+    QList<QPair<QString, QString>> attribute() const override { return tags; }
+
+    // Sets the play state and reports it, even when it does not change.
+    void zustandSetzen(int zustand);
+    // The file plays to its end now: position at the length, stopped.
+    void ende();
+
+private:
+    void wechseln(int zustand);
+    void pruefen();
+    qint64 uhrMs() const;
+
+    QString m_url;
+    int m_zustand = Gestoppt;
+    double m_basis = 0.0; // position at the anchor
+    qint64 m_anker = 0; // clock time of the anchor, ms
+    class Zeitgeber* m_takt = nullptr;
+    class MedienAttrappe* m_herkunft;
+    friend class MedienAttrappe;
+};
+
+// Both sound paths without sound. Path one keeps the old engine's command language in
+// its record ("open <path> alias <a>", "play <a> from 0", "stop <a>", "close <a>"), and
+// an open alias refuses a second open, as the engine did.
+class MedienAttrappe : public Medien {
+public:
+    ~MedienAttrappe() override;
+    QStringList befehle;
+    // Open aliases (lower case) and their files.
+    QMap<QString, QString> offen;
+    // False: every open is refused.
+    bool oeffnenGelingt = true;
+    // Lengths by path; paths not named here are measured for real.
+    QHash<QString, double> laengen;
+    QStringList gemessen;
+    // The living controls, in the order they were made.
+    QList<SpielerAttrappe*> spieler;
+
+    bool oeffnenUndSpielen(const QString& pfad, const QString& alias) override;
+    void stoppenUndSchliessen(const QString& alias) override;
+    Medienspieler* neuerSpieler(QObject* eltern) override;
+    double laenge(const QString& pfad) override;
+
+    // The files that path one started playing, in order.
+    QStringList gestartet() const;
+    void leeren();
+};
+
 // The installed doubles of this test run.
 struct Attrappen {
     static DialogAttrappe& dialoge();
@@ -131,6 +210,7 @@ struct Attrappen {
     static ShellAttrappe& shell();
     static PapierkorbAttrappe& papierkorb();
     static ProzessAttrappe& prozess();
+    static MedienAttrappe& medien();
     // Installs fresh doubles for every service.
     static void installieren();
 };

@@ -1,0 +1,66 @@
+// How long measuring the lengths of one folder of 12 tracks takes, the way the track
+// list and the song commands do it: one file after the other, cold and warm. The files
+// are made here with sox and ffmpeg. Prints; tests nothing.
+#include "playback/modPlatten.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+bool Werkzeug(const QString& programm, const QStringList& argumente)
+{
+    QProcess p;
+    p.start(programm, argumente);
+    return p.waitForFinished(60000) && p.exitCode() == 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    if (QStandardPaths::findExecutable("sox").isEmpty() || QStandardPaths::findExecutable("ffmpeg").isEmpty()) {
+        std::printf("sox and ffmpeg are needed\n");
+        return 1;
+    }
+    QTemporaryDir tmp;
+    const QString ordner = tmp.path() + QStringLiteral("/Ordner mit Zwölf Liedern/");
+    QDir().mkpath(ordner);
+    // Three minutes each, as real tracks are: a header read must not depend on the length.
+    const char* const endungen[] = {"mp3", "ogg", "flac", "wav"};
+    QStringList dateien;
+    for (int i = 0; i < 12; ++i) {
+        const QString endung = QLatin1String(endungen[i % 4]);
+        const QString pfad = ordner + QStringLiteral("%1 Lied Nummer %1 - %2.%3").arg(i + 1).arg(1 + i % 6).arg(endung);
+        const QString ton = QStringLiteral("sine=frequency=%1:duration=180").arg(220 + 20 * i);
+        if (!Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", ton, "-ac", "2", "-ar", "44100", pfad})) {
+            std::printf("could not make %s\n", qPrintable(pfad));
+            return 1;
+        }
+        dateien << pfad;
+    }
+    std::vector<double> ms;
+    for (int lauf = 0; lauf < 7; ++lauf) {
+        QElapsedTimer uhr;
+        uhr.start();
+        double summe = 0;
+        for (const QString& d : std::as_const(dateien))
+            summe += BassTracklaenge(d);
+        ms.push_back(uhr.nsecsElapsed() / 1e6);
+        if (lauf == 0)
+            std::printf("first run (cold): %.2f ms for 12 files, %.1f s of music\n", ms.back(), summe);
+    }
+    std::sort(ms.begin(), ms.end());
+    std::printf("12 files of 3 min (mp3, ogg, flac, wav): median %.2f ms, max %.2f ms\n", ms[ms.size() / 2],
+                ms.back());
+    return 0;
+}
