@@ -12,6 +12,8 @@
 #include "shell/Symbole.h"
 
 #include <QComboBox>
+
+#include <cmath>
 #include <QDir>
 #include <QTabBar>
 #include <QTextEdit>
@@ -119,7 +121,8 @@ void Ausgabebox::CDSterneZeichnen()
     const double wert = txtBewertung->text().trimmed().toDouble(&ok);
     if (!ok || wert < 0 || wert >= 7)
         return;
-    for (int i = 0; i < 6 && i < wert; ++i)
+    const int sterne = int(std::nearbyint(wert));
+    for (int i = 0; i < 6 && i < sterne; ++i)
         imgCDnote[size_t(i)]->setBild(imgStern->Bild());
 }
 

@@ -122,6 +122,56 @@ public:
     // ---- SQL console (collections/Ausgabebox_SQL.cpp) ----
     void MenuSQLabfrage_Click();
 
+    // ---- Player (playback/Ausgabebox_Transport.cpp, playback/Ausgabebox_Tracks.cpp) ----
+    static const QString Alias; // the one device of sound path one
+    void imgStart_Click();
+    void imgStop_Click();
+    void imgPause_Click();
+    void imgResume_Click();
+    void imgVorBack_Click(int index);
+    void imgPosAB_Click();
+    void TimerPosAB_Timer();
+    void SonderfunktionenAus();
+    // Hands a file to the media player path: the control here, or the window for video
+    // and pictures.
+    void MediaPlayerPfad(const QString& pfad);
+    void cmdPlayAsso_Click();
+    void MiniPlayerVorBackStart();
+    void MiniPlayerStop();
+    void MediaPlayer1_PlayStateChange(int zustand);
+    void MediaPlayer1_MouseDown(Qt::MouseButton knopf);
+    void chkVisualisierung_Click();
+    void chkVollbild_Click();
+    void mnuWinPlayerVerwenden_Click();
+    void SuchenPlaylistTitel();
+    void BewertungTracks();
+    void imgSongNote_Click(int index);
+    void mnuLiedLang_Click();
+    void cmdInfoTrack_Click();
+    // What follows a key or the mouse in the Track list.
+    void filTrack_Nachlauf();
+    void TextSongAktualisieren();
+    // The window for video and pictures, made when first needed.
+    class frmWinMediaPlayer* WinMediaPlayerFenster();
+    // The media player control on the main window shows (on the covers' tab).
+    void MediaPlayer1Zeigen(bool sichtbar);
+
+    double TrackEndeZeit = 0;
+    QString LaufenderTrack;
+    bool FensterMedium = false;
+    bool WmpPause = false;
+    bool PosAGesetzt = false;
+    int PosA = 0;
+    int PosB = 0;
+    int ResumePosition = 0;
+    int ResumeIndex = 0;
+    QString ResumeOrdner;
+    int SpalteStil = -1;
+    bool PlaylistTitelErzwingen = false;
+    bool MediaPlayer1Sichtbar = false;
+    class Medienspieler* MediaPlayer1Spieler = nullptr;
+    class frmWinMediaPlayer* WinMediaPlayer = nullptr;
+
     // ---- Filled in by later subsystems ----
     void CoverListeAktuell();
     void CoverAktualisieren();

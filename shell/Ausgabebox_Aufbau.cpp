@@ -5,6 +5,7 @@
 #include "catalogue/FlexGrid.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
+#include "platform/Medien.h"
 #include "platform/Uhr.h"
 #include "shell/Farbverlauf.h"
 #include "shell/Globale.h"
@@ -16,7 +17,9 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
@@ -291,6 +294,9 @@ void Ausgabebox::SteuerelementeAnlegen()
     cmdInfoTrack->hide();
     MediaPlayer1 = neu<QVideoWidget>(e, QStringLiteral("MediaPlayer1"));
     MediaPlayer1->hide();
+    MediaPlayer1Spieler = D().medien().neuerSpieler(this);
+    MediaPlayer1Spieler->setObjectName(QStringLiteral("MediaPlayer1Spieler"));
+    MediaPlayer1Spieler->setVideoOutput(MediaPlayer1);
     chkVisualisierung = kasten(e, QStringLiteral("chkVisualisierung"), QStringLiteral("Visual"));
     chkVollbild = kasten(e, QStringLiteral("chkVollbild"), QStringLiteral("Vollbild"));
     chkAlleTracks = kasten(e, QStringLiteral("chkAlleTracks"), QStringLiteral("Alle"),
@@ -774,7 +780,7 @@ void Ausgabebox::MenusAnlegen()
                                     MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
                                     mnuTabelleAutosize, mnuAllesMarkieren, MenuNeuEingabe,
                                     MenuSpeichern,      MenuEintragLoeschen, mnuTabelleAnordnen,
-                                    MenuSQLabfrage};
+                                    MenuSQLabfrage,     mnuWinPlayerVerwenden, mnuLiedLang};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : m->actions())
@@ -829,10 +835,9 @@ void Ausgabebox::EreignisseVerbinden()
     }
     // Controls whose commands are not built yet wait, greyed.
     for (QWidget* wartet : std::initializer_list<QWidget*>{
-             imgStart, imgStop, imgPause[0], imgPause[1], imgResume, imgVorBack[0], imgVorBack[1], imgPosAB[0],
-             imgPosAB[1], imgPosAB[2], imgMiniPlayer, imgLiedzufall, imgLautsprecherregler, cmdPlayAsso,
-             cmdInfoTrack, chkAlleTracks, chkRepeat, chkShuffle, chkTracksZufaellig, chkTracksAnspielen,
-             chkMarkTracks, chkVisualisierung, chkVollbild, imgMusikpfad, cmdBandTitel, cmdTextBig, cmdTextSmall,
+             imgMiniPlayer, imgLiedzufall, imgLautsprecherregler, chkAlleTracks, chkRepeat, chkShuffle,
+             chkTracksZufaellig, chkTracksAnspielen, chkMarkTracks, imgMusikpfad, cmdBandTitel, cmdTextBig,
+             cmdTextSmall,
              cmdCoverUp, cmdCoverDown, imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
         wartet->setEnabled(false);
     for (Bildknopf* b : ButtonText)
@@ -902,6 +907,33 @@ void Ausgabebox::EreignisseVerbinden()
     for (const auto& [index, feld] : partner)
         Bez[size_t(index)]->setBuddy(feld);
 
+    // The player.
+    connect(imgStart, &Bildknopf::clicked, this, [this] { imgStart_Click(); });
+    connect(imgStop, &Bildknopf::clicked, this, [this] { imgStop_Click(); });
+    connect(imgStop, &Bildknopf::MouseUp, this, [](Qt::MouseButton) { StopGedrueckt = true; });
+    for (Bildknopf* b : imgPause)
+        connect(b, &Bildknopf::clicked, this, [this] { imgPause_Click(); });
+    connect(imgResume, &Bildknopf::clicked, this, [this] { imgResume_Click(); });
+    for (int i = 0; i < 2; ++i)
+        connect(imgVorBack[size_t(i)], &Bildknopf::clicked, this, [this, i] { imgVorBack_Click(i); });
+    for (Bildknopf* b : imgPosAB)
+        connect(b, &Bildknopf::clicked, this, [this] { imgPosAB_Click(); });
+    connect(TimerPosAB, &Zeitgeber::Timer, this, [this] { TimerPosAB_Timer(); });
+    for (int i = 0; i < 6; ++i)
+        connect(imgSongNote[size_t(i)], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
+    connect(cmdPlayAsso, &QPushButton::clicked, this, [this] { cmdPlayAsso_Click(); });
+    connect(cmdInfoTrack, &QPushButton::clicked, this, [this] { cmdInfoTrack_Click(); });
+    connect(chkVisualisierung, &QCheckBox::clicked, this, [this] { chkVisualisierung_Click(); });
+    connect(chkVollbild, &QCheckBox::clicked, this, [this] { chkVollbild_Click(); });
+    connect(mnuWinPlayerVerwenden, &QAction::triggered, this, [this] { mnuWinPlayerVerwenden_Click(); });
+    connect(mnuLiedLang, &QAction::triggered, this, [this] { mnuLiedLang_Click(); });
+    connect(MediaPlayer1Spieler, &Medienspieler::PlayStateChange, this,
+            [this](int zustand) { MediaPlayer1_PlayStateChange(zustand); });
+    MediaPlayer1->installEventFilter(this);
+    connect(filTrack, &QListWidget::itemClicked, this, [this] { BewertungTracks(); });
+    connect(filTrack, &Dateiliste::DblClick, this, [this] { imgStart_Click(); });
+    filTrack->viewport()->installEventFilter(this);
+
     // Tabs choose the pane of the text area.
     connect(tabTexte, &QTabBar::currentChanged, this, [this](int) { TextseiteZeigen(); });
     TextseiteZeigen();
@@ -923,6 +955,7 @@ void Ausgabebox::TextseiteZeigen()
         imgBildpfad->hide();
         Bild1->hide();
     }
+    MediaPlayer1Zeigen(MediaPlayer1Sichtbar);
     rtfLinks->setVisible(reiter == 2);
     rtfInfo->setVisible(reiter == 3);
     rtfSonstiges->setVisible(reiter == 4);
@@ -941,9 +974,39 @@ bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
         mnuSpaltenkopf->popup(QCursor::pos());
         return true;
     }
+    if (objekt == MediaPlayer1 && ereignis->type() == QEvent::MouseButtonPress) {
+        MediaPlayer1_MouseDown(static_cast<QMouseEvent*>(ereignis)->button());
+        return true;
+    }
+    if (objekt == filTrack || objekt == filTrack->viewport()) {
+        switch (ereignis->type()) {
+        case QEvent::MouseButtonPress:
+            if (static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton) {
+                mnuExtras->setDefaultAction(mnuInPlaylistAufnehmen);
+                mnuExtras->popup(QCursor::pos());
+                return true;
+            }
+            break;
+        case QEvent::MouseButtonRelease:
+            QTimer::singleShot(0, this, [this] { filTrack_Nachlauf(); });
+            break;
+        case QEvent::KeyRelease: {
+            const int taste = static_cast<QKeyEvent*>(ereignis)->key();
+            filTrack_Nachlauf();
+            if (taste == Qt::Key_Return || taste == Qt::Key_Enter)
+                imgStart_Click();
+            break;
+        }
+        default:
+            break;
+        }
+    }
     if (ereignis->type() == QEvent::FocusIn) {
         if (objekt == filTrack) {
             AktivesFeld = QStringLiteral("filTrack");
+            if (!chkMarkTracks->isChecked())
+                TrackIndex = std::max(0, filTrack->ListIndex());
+            BewertungTracks();
         } else if (auto* text = qobject_cast<QTextEdit*>(objekt)) {
             AktivesFeld = text->objectName();
             AktivesTextfeld = text->objectName();

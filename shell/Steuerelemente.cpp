@@ -98,6 +98,12 @@ void Bildfeld::setStretch(bool an)
     anzeigen();
 }
 
+void Bildfeld::setVerhaeltnisBehalten(bool an)
+{
+    m_verhaeltnis = an;
+    anzeigen();
+}
+
 void Bildfeld::setBild(const QPixmap& bild)
 {
     m_bild = bild;
@@ -110,7 +116,8 @@ void Bildfeld::anzeigen()
         setPixmap(m_bild);
         return;
     }
-    setPixmap(m_bild.scaled(size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    setPixmap(m_bild.scaled(contentsRect().size(), m_verhaeltnis ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio,
+                            Qt::SmoothTransformation));
 }
 
 void Bildfeld::mousePressEvent(QMouseEvent* e) { emit MouseDown(e->button()); }

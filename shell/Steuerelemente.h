@@ -54,6 +54,8 @@ public:
     // Scales the picture into the control instead of showing it at its own size.
     void setStretch(bool an);
     bool Stretch() const { return m_stretch; }
+    // Scaled pictures keep their proportions (the default) or fill the control.
+    void setVerhaeltnisBehalten(bool an);
     void setBild(const QPixmap& bild);
     const QPixmap& Bild() const { return m_bild; }
 
@@ -73,6 +75,7 @@ private:
     void anzeigen();
     QPixmap m_bild;
     bool m_stretch = false;
+    bool m_verhaeltnis = true;
 };
 
 // A picture button: sinks under the mouse, takes no focus, reports the button that

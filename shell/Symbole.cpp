@@ -144,6 +144,8 @@ QIcon gezeichnet(const QString& name)
         return zeichen(QStringLiteral("⇅"), schrift(17, true));
     if (name == u"player")
         return zeichen(QStringLiteral("▶♪"), schrift(11));
+    if (name == u"vollbild")
+        return zeichen(QStringLiteral("⛶"), schrift(18));
     if (name == u"miniplayer")
         return zeichen(QStringLiteral("▭"), schrift(18));
     if (name == u"ab0" || name == u"ab1" || name == u"ab2") {

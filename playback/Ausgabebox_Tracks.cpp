@@ -1,0 +1,167 @@
+// The Track list and the ratings in file names: " - " and a digit from 1 to 6 directly
+// before the extension. Errors are ignored, as everywhere in the player.
+#include "shell/Ausgabebox.h"
+
+#include "platform/Dialogdienst.h"
+#include "platform/Medien.h"
+#include "playback/Trackname.h"
+#include "playback/modPlatten.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+#include <cmath>
+
+namespace {
+
+// The number of stars a file name carries, 0 for none, -1 for a digit above 6.
+int sterneImNamen(const QString& name)
+{
+    const qsizetype punkt = name.lastIndexOf(u'.');
+    if (punkt < 3)
+        return 0;
+    // Only two places are read: the digit before the dot and the "-" two before it.
+    const QChar ziffer = name[punkt - 1];
+    const int wert = ziffer.isDigit() ? ziffer.digitValue() : 0;
+    if (name[punkt - 3] != u'-')
+        return 0;
+    return wert > 6 ? -1 : wert;
+}
+
+QString dauerText(double sekunden)
+{
+    const int s = int(std::lround(sekunden));
+    return QStringLiteral("%1:%2").arg(s / 60).arg(s % 60, 2, 10, QChar(u'0'));
+}
+
+} // namespace
+
+QString TrackMitBewertung(const QString& name, int sterne)
+{
+    const qsizetype punkt = name.lastIndexOf(u'.');
+    if (punkt < 0)
+        return name;
+    QString stamm = name.left(punkt);
+    const QString endung = name.mid(punkt);
+    static const QStringList alte = {" - 0", " - 1", " - 2", " - 3", " - 4", " - 5", " - 6"};
+    if (alte.contains(stamm.right(4)))
+        stamm.chop(4);
+    return stamm + QStringLiteral(" - ") + QString::number(sterne) + endung;
+}
+
+int TrackBewertung(const QString& name) { return std::max(0, sterneImNamen(name)); }
+
+void Ausgabebox::BewertungTracks()
+{
+    QString name;
+    if (PlaylistModus) {
+        if (QTreeWidgetItem* zeile = lvwPlaylist->currentItem())
+            name = zeile->text(0);
+    } else {
+        name = filTrack->List(TrackIndex);
+    }
+    for (Bildfeld* s : imgSongNote)
+        s->setBild(imgSternGrau->Bild());
+    const int sterne = sterneImNamen(name);
+    // A digit above 6 ends here: the Carrier's stars stay as they are.
+    if (sterne < 0)
+        return;
+    for (int i = 0; i < sterne; ++i)
+        imgSongNote[size_t(i)]->setBild(imgStern->Bild());
+    CDSterneZeichnen();
+}
+
+void Ausgabebox::imgSongNote_Click(int index)
+{
+    // The entry of filTrack, also while a playlist is the source: this reach stands.
+    const QString eintrag = filTrack->List(TrackIndex);
+    if (!eintrag.contains(u'.'))
+        return;
+    const QString ordner = TextMusikpfad->text().trimmed();
+    const QString neu = TrackMitBewertung(eintrag.trimmed(), index + 1);
+    // A file in use or a name taken fails in silence, with the old name and stars.
+    QDir().rename(ordner + eintrag.trimmed(), ordner + neu);
+    QCoreApplication::processEvents();
+    filTrack->Refresh();
+    BewertungTracks();
+}
+
+void Ausgabebox::mnuLiedLang_Click()
+{
+    QString pfad;
+    QString name;
+    if (PlaylistModus) {
+        if (QTreeWidgetItem* zeile = lvwPlaylist->topLevelItem(TrackIndex - 1)) {
+            pfad = zeile->text(2) + zeile->text(1) + zeile->text(0);
+            name = zeile->text(0);
+        }
+    } else {
+        name = filTrack->List(TrackIndex);
+        pfad = TextMusikpfad->text() + name;
+    }
+    const int s = int(std::lround(BassTracklaenge(pfad)));
+    // A failed measurement is -1 s: it shows as "0:-01 min".
+    const QString rest = s % 60 < 0 ? QStringLiteral("-%1").arg(-(s % 60), 2, 10, QChar(u'0'))
+                                    : QStringLiteral("%1").arg(s % 60, 2, 10, QChar(u'0'));
+    MsgNimb(name + QStringLiteral("\n\n") + QString::number(s / 60) + u':' + rest + QStringLiteral(" min"), 1, 0,
+            QStringLiteral("Liedlänge messen"), 0);
+}
+
+void Ausgabebox::cmdInfoTrack_Click()
+{
+    const QString url = MediaPlayer1Spieler->URL();
+    QString text = QStringLiteral("Name = ") + QFileInfo(url).completeBaseName() + QStringLiteral("\nLänge = ")
+        + dauerText(MediaPlayer1Spieler->duration()) + QStringLiteral(" Min.\n\n");
+    const auto attribute = MediaPlayer1Spieler->attribute();
+    for (int i = 0; i < attribute.size(); ++i)
+        text += QString::number(i) + QStringLiteral(" - ") + attribute[i].first + QStringLiteral(" = ")
+            + attribute[i].second + u'\n';
+    MsgNimb(text, 1, 0, QStringLiteral("Track-Info"), 0);
+}
+
+void Ausgabebox::filTrack_Nachlauf()
+{
+    PlaylistModus = false;
+    if (!chkMarkTracks->isChecked())
+        TrackIndex = std::max(0, filTrack->ListIndex());
+    BewertungTracks();
+    if (!txtSongText->isVisible())
+        return;
+    // The lyrics follow: the name without rating and a three-letter extension.
+    QTextCursor c(txtSongText->document());
+    c.movePosition(QTextCursor::End);
+    txtSongText->setTextCursor(c);
+    QString name = filTrack->List(TrackIndex);
+    name.chop(8);
+    if (name.isEmpty())
+        return;
+    const qsizetype stelle = txtSongText->toPlainText().indexOf(name, 0, Qt::CaseInsensitive);
+    if (stelle >= 0) {
+        c.setPosition(int(stelle));
+        txtSongText->setTextCursor(c);
+        QCoreApplication::processEvents();
+    }
+}
+
+void Ausgabebox::TextSongAktualisieren()
+{
+    if (!txtSongText->isVisible())
+        return;
+    QTextCursor c(txtSongText->document());
+    c.movePosition(QTextCursor::End);
+    txtSongText->setTextCursor(c);
+    const QString name = filTrack->List(TrackIndex);
+    if (name.isEmpty())
+        return;
+    const qsizetype stelle = txtSongText->toPlainText().indexOf(name, 0, Qt::CaseInsensitive);
+    if (stelle >= 0) {
+        c.setPosition(int(stelle));
+        txtSongText->setTextCursor(c);
+    }
+}

@@ -1,0 +1,10 @@
+#pragma once
+// The rating of a Track lives in its file name: " - " and a digit from 1 to 6 directly
+// before the extension, as in "Summer Song - 4.mp3".
+#include <QString>
+
+// The name with the new rating; an old rating (0 to 6) before the extension is replaced.
+// A name without "." comes back unchanged.
+QString TrackMitBewertung(const QString& name, int sterne);
+// The stars a name shows: 0 for none and for a digit above 6.
+int TrackBewertung(const QString& name);

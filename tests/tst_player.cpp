@@ -1,0 +1,337 @@
+// The transport and the Track ratings: start on both sound paths, stop, pause, resume,
+// steps, the A-B loop, the media window, and the rating in a file name.
+#include "support/Katalog.h"
+#include "support/Testumgebung.h"
+
+#include "catalogue/FlexGrid.h"
+#include "platform/Einheiten.h"
+#include "platform/Medien.h"
+#include "playback/Trackname.h"
+#include "playback/frmWinMediaPlayer.h"
+#include "shell/Ausgabebox.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVideoWidget>
+
+#include <memory>
+
+class TestPlayer : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Ausgabebox> w;
+    QString musik;
+
+    void starten(const QStringList& dateien, bool medienpfad, const QString& ordnerName = "Abba")
+    {
+        w.reset();
+        Testumgebung::zuruecksetzen();
+        Attrappen::dialoge().leeren();
+        Attrappen::medien().leeren();
+        Attrappen::shell().geoeffnet.clear();
+        static int lauf = 0;
+        musik = Testordner(QStringLiteral("musik%1/").arg(++lauf) + ordnerName);
+        for (const QString& d : dateien)
+            DateiSchreiben(musik + d, "x");
+        Speichern("WinMediaPlayer", medienpfad ? "True" : "False");
+        Speichern("ArchivPfad", KatalogAnlegen(Testordner("player") + "P.db",
+                                               {Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}, {"Bewertung", "4"}},
+                                                Zeilenwerte{{"Band", "Bach"}}}));
+        w = std::make_unique<Ausgabebox>();
+        w->Form_Load();
+        Abbruch = false;
+        PlaylistModus = false;
+    }
+
+    SpielerAttrappe* mp1() const { return static_cast<SpielerAttrappe*>(w->MediaPlayer1Spieler); }
+    QString panel() const { return w->staBar->PanelText(2); }
+    int helleSterne(const std::array<Bildfeld*, 6>& sterne) const
+    {
+        int n = 0;
+        for (Bildfeld* s : sterne)
+            n += s->Bild().toImage() == w->imgStern->Bild().toImage() ? 1 : 0;
+        return n;
+    }
+    int eintrag(const QString& name) const
+    {
+        for (int i = 0; i < w->filTrack->count(); ++i)
+            if (w->filTrack->List(i) == name)
+                return i;
+        return -1;
+    }
+    void spielen(int index)
+    {
+        TrackIndex = index;
+        w->imgStart_Click();
+    }
+
+private slots:
+    void cleanup() { w.reset(); }
+
+    void bewertungImDateinamen()
+    {
+        QCOMPARE(TrackMitBewertung("Song - 3.mp3", 5), QString("Song - 5.mp3"));
+        QCOMPARE(TrackMitBewertung("Song.mp3", 1), QString("Song - 1.mp3"));
+        QCOMPARE(TrackMitBewertung("Live - 1999.mp3", 2), QString("Live - 1999 - 2.mp3"));
+        QCOMPARE(TrackMitBewertung("Song - 0.flac", 6), QString("Song - 6.flac"));
+        QCOMPARE(TrackMitBewertung("ohne Punkt", 3), QString("ohne Punkt"));
+        QCOMPARE(TrackMitBewertung("a.b - 2.tar.gz", 4), QString("a.b - 2.tar - 4.gz"));
+        QCOMPARE(TrackBewertung("Song - 4.mp3"), 4);
+        QCOMPARE(TrackBewertung("Song -x3.mp3"), 3); // only two places are read
+        QCOMPARE(TrackBewertung("Song-3.mp3"), 0);
+        QCOMPARE(TrackBewertung("Live - 1999.mp3"), 0);
+        QCOMPARE(TrackBewertung("Intro - 4.jpeg"), 4);
+        QCOMPARE(TrackBewertung("Side - 7.mp3"), 0);
+        QCOMPARE(TrackBewertung("ohne"), 0);
+    }
+
+    void sterneBenennenDieDateiUm()
+    {
+        starten({"Live - 1999.mp3", "Side - 7.mp3", "Song - 3.mp3", "ohne"}, false);
+        QCOMPARE(helleSterne(w->imgCDnote), 4);
+        QCOMPARE(w->filTrack->List(0), QString("Live - 1999.mp3"));
+        QCOMPARE(w->filTrack->List(1), QString("ohne")); // sorted without regard to case
+        TrackIndex = 0;
+        w->BewertungTracks();
+        QCOMPARE(helleSterne(w->imgSongNote), 0);
+        w->imgSongNote_Click(1);
+        QVERIFY(QFile::exists(musik + "Live - 1999 - 2.mp3"));
+        QVERIFY(!QFile::exists(musik + "Live - 1999.mp3"));
+        QCOMPARE(w->filTrack->List(0), QString("Live - 1999 - 2.mp3"));
+        QCOMPARE(helleSterne(w->imgSongNote), 2);
+
+        TrackIndex = eintrag("Song - 3.mp3");
+        w->imgSongNote_Click(4);
+        QVERIFY(QFile::exists(musik + "Song - 5.mp3"));
+        QCOMPARE(helleSterne(w->imgSongNote), 5);
+
+        // A digit above 6 leaves the Carrier's stars alone.
+        for (Bildfeld* s : w->imgCDnote)
+            s->setBild(w->imgSternGrau->Bild());
+        TrackIndex = eintrag("Side - 7.mp3");
+        w->BewertungTracks();
+        QCOMPARE(helleSterne(w->imgSongNote), 0);
+        QCOMPARE(helleSterne(w->imgCDnote), 0);
+        TrackIndex = eintrag("Song - 5.mp3");
+        w->BewertungTracks();
+        QCOMPARE(helleSterne(w->imgCDnote), 4);
+
+        // A name without a dot changes nothing.
+        TrackIndex = eintrag("ohne");
+        w->imgSongNote_Click(2);
+        QVERIFY(QFile::exists(musik + "ohne"));
+        QCOMPARE(QDir(musik).entryList(QDir::Files).size(), 4);
+    }
+
+    void startUndStopAufDemErstenPfad()
+    {
+        starten({"A - 1.mp3", "B.ogg", "C.flac"}, false);
+        MedienAttrappe& m = Attrappen::medien();
+        m.laengen.insert(musik + "B.ogg", 185.0);
+        const double vorher = Attrappen::uhr().sekundenSeitMitternacht();
+        spielen(1);
+        QCOMPARE(m.gestartet(), QStringList{musik + "B.ogg"});
+        QCOMPARE(panel(), QString("playing:  ") + musik + "B.ogg");
+        QCOMPARE(w->LaufenderTrack, panel());
+        QCOMPARE(w->Bez[12]->text(), QString("Tracks && Movies Nr.: 2"));
+        QVERIFY(std::abs(w->TrackEndeZeit - (vorher + 185.0)) < 0.5);
+        QVERIFY(w->filTrack->Selected(1));
+        QVERIFY(!w->filTrack->Selected(0));
+        // A second start closes the first: one player runs.
+        spielen(2);
+        QCOMPARE(m.offen.size(), 1);
+        QCOMPARE(m.offen.value("myalias"), musik + "C.flac");
+        w->imgStop_Click();
+        QCOMPARE(panel(), QString("no play"));
+        QVERIFY(m.offen.isEmpty());
+        QVERIFY(mp1()->aufrufe.isEmpty()); // the media path was never asked
+    }
+
+    void fehlendeDateiUndLeereListe()
+    {
+        starten({"A.mp3"}, false);
+        QFile::remove(musik + "A.mp3");
+        spielen(0);
+        QVERIFY(Attrappen::medien().gestartet().isEmpty());
+        QVERIFY(!Attrappen::medien().befehle.join(' ').contains("open"));
+        QCOMPARE(panel(), QString("playing:  ") + musik + "A.mp3");
+        // An empty list: the path is the folder alone.
+        w->filTrack->Refresh();
+        spielen(0);
+        QCOMPARE(panel(), QString("playing:  ") + musik);
+    }
+
+    void markierteTracksOhneAuswahlStoppen()
+    {
+        starten({"A.mp3", "B.mp3", "C.mp3"}, false);
+        w->chkMarkTracks->setChecked(true);
+        w->filTrack->clearSelection();
+        w->staBar->setPanelText(2, "playing:  alt");
+        spielen(1);
+        QCOMPARE(TrackIndex, 0);
+        QCOMPARE(panel(), QString("no play"));
+        QVERIFY(Attrappen::medien().gestartet().isEmpty());
+        // With a selection further on, that one plays, and the sequencer's timer runs.
+        w->filTrack->setSelected(2, true);
+        spielen(1);
+        QCOMPARE(TrackIndex, 2);
+        QCOMPARE(Attrappen::medien().gestartet(), QStringList{musik + "C.mp3"});
+        QVERIFY(w->Timer1->isEnabled());
+    }
+
+    void pauseImPfadSetztAbbruch()
+    {
+        starten({"Pause am Meer.mp3"}, true, "Pause");
+        spielen(0);
+        QVERIFY(panel().contains("Pause"));
+        w->imgPause_Click();
+        QVERIFY(Abbruch);
+        QVERIFY(!w->WmpPause);
+        QVERIFY(!w->imgPause[0]->isHidden());
+        Abbruch = false;
+        w->imgStop_Click();
+        QVERIFY(Abbruch);
+    }
+
+    void medienpfadPauseStopUndWeiter()
+    {
+        starten({"A.mp3", "B.mp3"}, true);
+        spielen(1);
+        QCOMPARE(mp1()->URL(), musik + "B.mp3");
+        QCOMPARE(mp1()->playState(), int(Medienspieler::Spielt));
+        QVERIFY(w->MediaPlayer1Sichtbar);
+        QVERIFY(!w->cmdInfoTrack->isHidden());
+        QCOMPARE(w->Bild1->height(), Px(3195));
+        w->imgPause_Click();
+        QCOMPARE(mp1()->playState(), int(Medienspieler::Angehalten));
+        QVERIFY(w->imgPause[0]->isHidden());
+        w->imgPause_Click();
+        QCOMPARE(mp1()->playState(), int(Medienspieler::Spielt));
+        Attrappen::uhr().vorruecken(42000);
+        w->imgStop_Click();
+        QCOMPARE(w->ResumePosition, 42);
+        QCOMPARE(w->ResumeIndex, 1);
+        QCOMPARE(w->ResumeOrdner, musik);
+        QVERIFY(!w->MediaPlayer1Sichtbar);
+        QCOMPARE(w->Bild1->height(), Px(4150));
+        // Resume starts the kept Track and goes to the kept place.
+        TrackIndex = 0;
+        w->imgResume_Click();
+        QCOMPARE(mp1()->URL(), musik + "B.mp3");
+        QCOMPARE(mp1()->aufrufe.last(), QString("Position 42"));
+        QVERIFY(std::abs(mp1()->currentPosition() - 42.0) < 0.5);
+        // The control's stop state says so in the panel.
+        mp1()->zustandSetzen(Medienspieler::Gestoppt);
+        QCOMPARE(panel(), QString("no play"));
+    }
+
+    void abSchleifeSpringtZurueck()
+    {
+        starten({"A.mp3"}, true);
+        w->imgPosAB_Click(); // "no play": nothing
+        QVERIFY(!w->PosAGesetzt);
+        spielen(0);
+        Attrappen::uhr().vorruecken(10000);
+        w->imgPosAB_Click();
+        QVERIFY(w->PosAGesetzt);
+        QCOMPARE(w->PosA, 10);
+        QVERIFY(!w->imgPosAB[1]->isHidden());
+        Attrappen::uhr().vorruecken(20000);
+        w->imgPosAB_Click();
+        QCOMPARE(w->PosB, 30);
+        QVERIFY(w->TimerPosAB->isEnabled());
+        QVERIFY(!w->imgPosAB[2]->isHidden());
+        // Past PosB the timer jumps back to PosA.
+        Attrappen::uhr().vorruecken(1000);
+        QVERIFY(mp1()->aufrufe.contains("Position 10"));
+        QVERIFY(mp1()->currentPosition() < 12.0);
+        w->imgPosAB_Click();
+        QCOMPARE(w->PosA, 0);
+        QVERIFY(!w->TimerPosAB->isEnabled());
+        QVERIFY(!w->imgPosAB[0]->isHidden());
+    }
+
+    void schritteMitUmlauf()
+    {
+        starten({"A.mp3", "B.mp3", "C.mp3"}, false);
+        spielen(0);
+        w->imgVorBack_Click(0);
+        QCOMPARE(TrackIndex, 2);
+        w->imgVorBack_Click(1);
+        QCOMPARE(TrackIndex, 0);
+        w->imgVorBack_Click(1);
+        QCOMPARE(TrackIndex, 1);
+        QCOMPARE(Attrappen::medien().gestartet().last(), musik + "B.mp3");
+    }
+
+    void videoUndBildImFenster()
+    {
+        starten({"clip.mp4", "foto.png", "lied.mp3"}, true);
+        QImage(8, 8, QImage::Format_RGB32).save(musik + "foto.png");
+        spielen(0);
+        QVERIFY(w->FensterMedium);
+        QVERIFY(w->WinMediaPlayer);
+        QVERIFY(w->WinMediaPlayer->isVisible());
+        QCOMPARE(w->WinMediaPlayer->URL(), musik + "clip.mp4");
+        QVERIFY(mp1()->URL().isEmpty());
+        spielen(1);
+        QVERIFY(w->WinMediaPlayer->zeigtBild());
+        QCOMPARE(w->WinMediaPlayer->playState(), int(Medienspieler::Spielt));
+        Attrappen::uhr().vorruecken(6000);
+        QCOMPARE(w->WinMediaPlayer->playState(), int(Medienspieler::Gestoppt));
+        // Audio after a video sounds from the main window; the window keeps standing.
+        spielen(2);
+        QVERIFY(!w->FensterMedium);
+        QCOMPARE(mp1()->URL(), musik + "lied.mp3");
+        QVERIFY(w->WinMediaPlayer->URL().isEmpty());
+        // The window's own steps: back from the first goes to the last.
+        TrackIndex = 0;
+        w->WinMediaPlayer->imgVorBack_Click(0);
+        QCOMPARE(TrackIndex, 2);
+        // Closing the window stops and keeps its place.
+        w->WinMediaPlayer->move(Px(300), Px(600));
+        w->WinMediaPlayer->close();
+        QCOMPARE(panel(), QString("no play"));
+        QVERIFY(StopGedrueckt);
+        QCOMPARE(Lesen("WinMediaPlayerTop"), QString("600"));
+    }
+
+    void laengeMessenUndApostroph()
+    {
+        starten({"'Extern.mp3", "Lied.mp3"}, false);
+        Attrappen::medien().laengen.insert(musik + "Lied.mp3", 185.0);
+        TrackIndex = 1;
+        w->mnuLiedLang_Click();
+        auto m = Attrappen::dialoge().meldungen();
+        QCOMPARE(m.last().text, QString("Lied.mp3\n\n3:05 min"));
+        QCOMPARE(m.last().titel, QString("Liedlänge messen"));
+        QFile::remove(musik + "Lied.mp3");
+        Attrappen::medien().laengen.clear();
+        w->mnuLiedLang_Click();
+        QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("Lied.mp3\n\n0:-01 min"));
+        // An apostrophe at the start hands the file to its own program.
+        spielen(0);
+        QCOMPARE(Attrappen::shell().geoeffnet, QStringList{musik + "'Extern.mp3"});
+        QVERIFY(Attrappen::medien().gestartet().isEmpty());
+        QCOMPARE(panel(), QString("no play"));
+    }
+
+    void wahlDesPfadesWirdGemerkt()
+    {
+        starten({"A.mp3"}, true);
+        QVERIFY(w->mnuWinPlayerVerwenden->isChecked());
+        w->mnuWinPlayerVerwenden->trigger();
+        QCOMPARE(Lesen("WinMediaPlayer"), QString("False"));
+        w->chkVisualisierung->click();
+        QCOMPARE(Lesen("WinMediaPlayerVisualisierung"), QString("0"));
+        QCOMPARE(w->MediaPlayer1->height(), Px(960));
+    }
+};
+
+RK_TEST_MAIN(TestPlayer)
+#include "tst_player.moc"
