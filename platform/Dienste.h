@@ -7,6 +7,7 @@
 #include <memory>
 
 class Dialogdienst;
+class Energie;
 class Uhr;
 
 class Zufall {
@@ -56,6 +57,8 @@ public:
     Shell& shell();
     Papierkorb& papierkorb();
     Prozess& prozess();
+    // Switching the computer off (the sleep timer).
+    Energie& energie();
 
     void setzeDialoge(std::unique_ptr<Dialogdienst> d);
     void setzeUhr(std::unique_ptr<Uhr> u);
@@ -64,6 +67,7 @@ public:
     void setzeShell(std::unique_ptr<Shell> s);
     void setzePapierkorb(std::unique_ptr<Papierkorb> p);
     void setzeProzess(std::unique_ptr<Prozess> p);
+    void setzeEnergie(std::unique_ptr<Energie> e);
 
 private:
     Dienste();
@@ -75,6 +79,7 @@ private:
     std::unique_ptr<Shell> m_shell;
     std::unique_ptr<Papierkorb> m_papierkorb;
     std::unique_ptr<Prozess> m_prozess;
+    std::unique_ptr<Energie> m_energie;
 };
 
 inline Dienste& D() { return Dienste::instanz(); }

@@ -166,6 +166,7 @@ KlangAttrappe* s_klang;
 ShellAttrappe* s_shell;
 PapierkorbAttrappe* s_papierkorb;
 ProzessAttrappe* s_prozess;
+EnergieAttrappe* s_energie;
 
 template <class T, class Setzer>
 T* einsetzen(Setzer setzer)
@@ -184,6 +185,7 @@ KlangAttrappe& Attrappen::klang() { return *s_klang; }
 ShellAttrappe& Attrappen::shell() { return *s_shell; }
 PapierkorbAttrappe& Attrappen::papierkorb() { return *s_papierkorb; }
 ProzessAttrappe& Attrappen::prozess() { return *s_prozess; }
+EnergieAttrappe& Attrappen::energie() { return *s_energie; }
 
 void Attrappen::installieren()
 {
@@ -196,4 +198,5 @@ void Attrappen::installieren()
     s_shell = einsetzen<ShellAttrappe>(&Dienste::setzeShell);
     s_papierkorb = einsetzen<PapierkorbAttrappe>(&Dienste::setzePapierkorb);
     s_prozess = einsetzen<ProzessAttrappe>(&Dienste::setzeProzess);
+    s_energie = einsetzen<EnergieAttrappe>(&Dienste::setzeEnergie);
 }

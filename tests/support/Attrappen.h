@@ -3,6 +3,7 @@
 // from a queue, so that no test waits on a window or on real time.
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
+#include "platform/Energie.h"
 #include "platform/Uhr.h"
 
 #include <QList>
@@ -115,6 +116,20 @@ public:
     bool verschieben(const QString& pfad) override;
 };
 
+// Says whether the computer may be switched off, and records each attempt instead.
+class EnergieAttrappe : public Energie {
+public:
+    bool darf = true;
+    bool gelingt = true;
+    int ausgeschaltet = 0; // attempts to switch off
+    bool darfAusschalten() override { return darf; }
+    bool ausschalten() override
+    {
+        ++ausgeschaltet;
+        return gelingt;
+    }
+};
+
 // Records the end of the process instead of ending it.
 class ProzessAttrappe : public Prozess {
 public:
@@ -131,6 +146,7 @@ struct Attrappen {
     static ShellAttrappe& shell();
     static PapierkorbAttrappe& papierkorb();
     static ProzessAttrappe& prozess();
+    static EnergieAttrappe& energie();
     // Installs fresh doubles for every service.
     static void installieren();
 };
