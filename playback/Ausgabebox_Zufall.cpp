@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -84,13 +85,25 @@ void Ausgabebox::TontraegerZufaellig()
         const int bandSpalte = BandSpalte();
         int stilZaehler = 0;
         int bandZaehler = 0;
+        // Scattered draws fetch a block of rows each; after many rejections (a large table
+        // mostly excluded) the two columns are read once, in order, which is far cheaper.
+        std::vector<QString> stile;
+        std::vector<QString> baender;
+        auto zelle = [this](const std::vector<QString>& spalte, int zeile, int nummer) {
+            return size_t(zeile) < spalte.size() ? spalte[size_t(zeile)] : MSFlexGrid1->TextMatrix(zeile, nummer);
+        };
         for (;;) {
+            if (stilZaehler + bandZaehler == 256) {
+                for (int z = 0; z < MSFlexGrid1->Rows(); ++z) {
+                    stile.push_back(MSFlexGrid1->TextMatrix(z, SpalteStil));
+                    baender.push_back(MSFlexGrid1->TextMatrix(z, bandSpalte));
+                }
+            }
             const int zeile = int(std::floor(anzahl * D().zufall().Rnd() + 1));
             // The cells are read before the move, so that a rejected Carrier is not loaded
             // in vain; the last drawn one is shown in any case.
-            const bool stil = AusschlussTrifft(lstAbspielausschluss, MSFlexGrid1->TextMatrix(zeile, SpalteStil));
-            const bool band =
-                !stil && AusschlussTrifft(lstBandAusschluss, MSFlexGrid1->TextMatrix(zeile, bandSpalte));
+            const bool stil = AusschlussTrifft(lstAbspielausschluss, zelle(stile, zeile, SpalteStil));
+            const bool band = !stil && AusschlussTrifft(lstBandAusschluss, zelle(baender, zeile, bandSpalte));
             if (stil && ++stilZaehler == anzahl) {
                 TontraegerZeigen(zeile);
                 MsgNimb(QStringLiteral("Diese Stilrichtung wurde im Menüpunkt 'Optionen/Stilrichtung "

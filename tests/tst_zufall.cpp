@@ -187,6 +187,28 @@ private slots:
         QCOMPARE(band(), QString("Bach"));
     }
 
+    void langeReiheVonAblehnungen()
+    {
+        // Enough rows that the choice reads the columns in one go after many rejections.
+        QList<Zeilenwerte> zeilen;
+        for (int i = 1; i <= 300; ++i)
+            zeilen << Zeilenwerte{{"Band", QStringLiteral("Band %1").arg(i, 3, 10, QChar(u'0'))},
+                                  {"Stil", i == 290 ? QStringLiteral("Pop") : QStringLiteral("Rock")}};
+        starten(zeilen);
+        w->lstAbspielausschluss->addItem("Rock");
+        QList<double> werte(279, 0.0);
+        werte << 289.5 / 300;
+        QCOMPARE(ziehen(werte), 280);
+        QCOMPARE(band(), QString("Band 290"));
+        QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
+        // All but that one drawn: the notice after 300 rejections, on the last drawn row.
+        werte = QList<double>(299, 0.0);
+        werte << 150.5 / 300 << 0.9;
+        QCOMPARE(ziehen(werte), 300);
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{StilHinweis});
+        QCOMPARE(band(), QString("Band 151"));
+    }
+
     void einzigerDatensatzBleibtStehen()
     {
         starten({Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}}});
