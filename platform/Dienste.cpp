@@ -2,6 +2,7 @@
 
 #include "platform/Dialogdienst.h"
 #include "platform/Medien.h"
+#include "platform/Energie.h"
 #include "platform/Uhr.h"
 
 #include <QDesktopServices>
@@ -89,6 +90,15 @@ Dienste& Dienste::instanz()
     static Dienste dienste;
     return dienste;
 }
+
+Energie& Dienste::energie()
+{
+    if (!m_energie)
+        m_energie = EchteEnergieErzeugen();
+    return *m_energie;
+}
+
+void Dienste::setzeEnergie(std::unique_ptr<Energie> e) { m_energie = std::move(e); }
 
 Dialogdienst& Dienste::dialoge()
 {

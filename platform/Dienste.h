@@ -8,6 +8,7 @@
 
 class Dialogdienst;
 class Medien;
+class Energie;
 class Uhr;
 
 class Zufall {
@@ -58,6 +59,8 @@ public:
     Papierkorb& papierkorb();
     Prozess& prozess();
     Medien& medien();
+    // Switching the computer off (the sleep timer).
+    Energie& energie();
 
     void setzeDialoge(std::unique_ptr<Dialogdienst> d);
     void setzeUhr(std::unique_ptr<Uhr> u);
@@ -67,6 +70,7 @@ public:
     void setzePapierkorb(std::unique_ptr<Papierkorb> p);
     void setzeProzess(std::unique_ptr<Prozess> p);
     void setzeMedien(std::unique_ptr<Medien> m);
+    void setzeEnergie(std::unique_ptr<Energie> e);
 
 private:
     Dienste();
@@ -79,6 +83,7 @@ private:
     std::unique_ptr<Papierkorb> m_papierkorb;
     std::unique_ptr<Prozess> m_prozess;
     std::unique_ptr<Medien> m_medien;
+    std::unique_ptr<Energie> m_energie;
 };
 
 inline Dienste& D() { return Dienste::instanz(); }

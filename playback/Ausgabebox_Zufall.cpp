@@ -1,5 +1,208 @@
-// The random choice of a Carrier. Until the player is built the start stays on the
-// first record of the table.
+// The random choice of a Carrier and a Track, or of a playlist row, and the test of the
+// play exclusion lists that keeps unwanted styles and bands out of it.
 #include "shell/Ausgabebox.h"
 
-void Ausgabebox::TontraegerZufaellig() {}
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
+#include "collections/Ausschlusslisten.h"
+#include "platform/Dialogdienst.h"
+#include "platform/Dienste.h"
+#include "platform/Laufzeitfehler.h"
+#include "platform/Uhr.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QListWidget>
+#include <QTreeWidget>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+// The leading whole number of a setting, 0 when there is none ("3 Songs" is 3).
+int ganzeZahl(const QString& text)
+{
+    const QString t = text.trimmed();
+    qsizetype ende = 0;
+    if (ende < t.size() && (t[ende] == u'-' || t[ende] == u'+'))
+        ++ende;
+    while (ende < t.size() && t[ende].isDigit() && ende < 10)
+        ++ende;
+    return t.left(ende).toInt();
+}
+
+// A draw in [0, 1) as a single, which rounding must not lift to 1.
+float einfacheZahl(double r)
+{
+    const float wert = float(std::clamp(r, 0.0, 1.0));
+    return std::min(wert, std::nextafter(1.0f, 0.0f));
+}
+
+const QString ZweiterSatz =
+    QStringLiteral("Entfernen Sie dort das Häkchen, damit Sie diese Stilrichtung verwenden können.");
+
+} // namespace
+
+bool Ausgabebox::TontraegerAusgeschlossen()
+{
+    const int zeile = MSFlexGrid1->Row();
+    if (zeile < 1)
+        return false;
+    SpalteStil = SpalteSuchen(QStringLiteral("Stil"));
+    return AusschlussTrifft(lstAbspielausschluss, MSFlexGrid1->TextMatrix(zeile, SpalteStil))
+        || AusschlussTrifft(lstBandAusschluss, MSFlexGrid1->TextMatrix(zeile, BandSpalte()));
+}
+
+void Ausgabebox::TontraegerZufaellig()
+{
+    // Errors are ignored here: a failed step leaves things as they are.
+    try {
+        const int songsProTontraeger = ganzeZahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1")));
+        if (PlaylistModus) {
+            PlaylistZeileZufaellig();
+            return;
+        }
+        SpalteStil = SpalteSuchen(QStringLiteral("Stil"));
+        Recordset* rs = Data1->recordset();
+        if (!rs || rs->RecordCount() < 1)
+            return;
+        if (SongZaehler < songsProTontraeger) {
+            ++SongZaehler;
+            TrackZufaellig();
+            return;
+        }
+        SongZaehler = 1;
+
+        // Both counters count rejected draws, not different Carriers: after as many
+        // rejections of one kind as there are rows the choice gives up.
+        const int anzahl = rs->RecordCount();
+        const int bandSpalte = BandSpalte();
+        int stilZaehler = 0;
+        int bandZaehler = 0;
+        // Scattered draws fetch a block of rows each; after many rejections (a large table
+        // mostly excluded) the two columns are read once, in order, which is far cheaper.
+        std::vector<QString> stile;
+        std::vector<QString> baender;
+        auto zelle = [this](const std::vector<QString>& spalte, int zeile, int nummer) {
+            return size_t(zeile) < spalte.size() ? spalte[size_t(zeile)] : MSFlexGrid1->TextMatrix(zeile, nummer);
+        };
+        for (;;) {
+            if (stilZaehler + bandZaehler == 256) {
+                for (int z = 0; z < MSFlexGrid1->Rows(); ++z) {
+                    stile.push_back(MSFlexGrid1->TextMatrix(z, SpalteStil));
+                    baender.push_back(MSFlexGrid1->TextMatrix(z, bandSpalte));
+                }
+            }
+            const int zeile = int(std::floor(anzahl * D().zufall().Rnd() + 1));
+            // The cells are read before the move, so that a rejected Carrier is not loaded
+            // in vain; the last drawn one is shown in any case.
+            const bool stil = AusschlussTrifft(lstAbspielausschluss, zelle(stile, zeile, SpalteStil));
+            const bool band = !stil && AusschlussTrifft(lstBandAusschluss, zelle(baender, zeile, bandSpalte));
+            if (stil && ++stilZaehler == anzahl) {
+                TontraegerZeigen(zeile);
+                MsgNimb(QStringLiteral("Diese Stilrichtung wurde im Menüpunkt 'Optionen/Stilrichtung "
+                                       "ausschließen...' ausgeschlossen.\n")
+                            + ZweiterSatz,
+                        3, 0, QStringLiteral("Bedienungshinweis"), 0);
+                return;
+            }
+            if (band && ++bandZaehler == anzahl) {
+                TontraegerZeigen(zeile);
+                MsgNimb(QStringLiteral("Diese Band wurde im Menüpunkt 'Optionen/Band ausschließen...' "
+                                       "ausgeschlossen.\n")
+                            + ZweiterSatz,
+                        3, 0, QStringLiteral("Bedienungshinweis"), 0);
+                return;
+            }
+            if (!stil && !band) {
+                TontraegerZeigen(zeile);
+                break;
+            }
+            QCoreApplication::processEvents();
+        }
+        TrackZufaellig();
+    } catch (const Laufzeitfehler&) {
+    }
+}
+
+void Ausgabebox::TontraegerZeigen(int zeile)
+{
+    // The row change moves the record (MSFlexGrid1_RowColChange); a row that is current
+    // already moves nothing, so a single record stays where it is.
+    if (MSFlexGrid1->Row() != zeile) {
+        MSFlexGrid1->setRow(zeile);
+    } else if (Recordset* rs = Data1->recordset(); rs && rs->AbsolutePosition() != zeile - 1) {
+        Data1->setAbsolutePosition(zeile - 1);
+    }
+    MSFlexGrid1->setTopRow(zeile);
+    QCoreApplication::processEvents();
+}
+
+void Ausgabebox::TrackZufaellig()
+{
+    const int anzahl = filTrack->count();
+    if (anzahl == 0)
+        return;
+    // Entry 0 is never drawn; with one entry the draw lies behind the list.
+    const float r = einfacheZahl(D().zufall().Rnd());
+    const int track = int(std::floor(float(anzahl - 1) * r + 1.0f));
+    if (track < anzahl) {
+        filTrack->setSelected(track, true);
+        filTrack->setCurrentRow(track, QItemSelectionModel::NoUpdate);
+        filTrack->scrollToItem(filTrack->item(track));
+    }
+    TrackIndex = track;
+    if (track != 0)
+        filTrack->setSelected(0, false);
+}
+
+void Ausgabebox::PlaylistZeileZufaellig()
+{
+    // Rows count from 1, as the played marks do; element 0 stays free.
+    const int anzahl = lvwPlaylist->topLevelItemCount();
+    auto markiert = [this](int zeile) {
+        const QTreeWidgetItem* eintrag = lvwPlaylist->topLevelItem(zeile - 1);
+        return eintrag && eintrag->checkState(0) == Qt::Checked;
+    };
+    auto frei = [](int zeile) { return zeile >= 0 && size_t(zeile) < TrackGespielt.size() && TrackGespielt[size_t(zeile)] == 0; };
+
+    const int kandidat = int(std::floor((anzahl - 1) * D().zufall().Rnd() + 1));
+    if (markiert(kandidat) && frei(kandidat)) {
+        TrackGespielt[size_t(kandidat)] = 1;
+        TrackIndex = kandidat;
+    } else {
+        int treffer = -1;
+        for (int zeile = 1; zeile < int(TrackGespielt.size()); ++zeile) {
+            if (markiert(zeile) && frei(zeile)) {
+                treffer = zeile;
+                break;
+            }
+        }
+        if (treffer > 0) {
+            TrackGespielt[size_t(treffer)] = 1;
+            TrackIndex = treffer;
+        } else {
+            std::fill(TrackGespielt.begin(), TrackGespielt.end(), 0);
+            if (!chkRepeat->isChecked()) {
+                // Every checked row has played: the run ends. The stop command of the
+                // transport belongs after this wait.
+                QCoreApplication::processEvents();
+                D().uhr().warten(500);
+                return;
+            }
+            TrackIndex = 1;
+        }
+    }
+    if (QTreeWidgetItem* eintrag = lvwPlaylist->topLevelItem(TrackIndex - 1)) {
+        lvwPlaylist->setCurrentItem(eintrag);
+        lvwPlaylist->scrollToItem(eintrag);
+    }
+    // The start command of the transport belongs here, for when something plays
+    // ("playing:  " in panel 2): a random row then starts at once.
+}

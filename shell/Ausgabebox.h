@@ -166,11 +166,26 @@ public:
     int ResumePosition = 0;
     int ResumeIndex = 0;
     QString ResumeOrdner;
+    // The column headed "Stil", found anew by each start and each random choice; -1 when none.
     int SpalteStil = -1;
     bool PlaylistTitelErzwingen = false;
     bool MediaPlayer1Sichtbar = false;
     class Medienspieler* MediaPlayer1Spieler = nullptr;
     class frmWinMediaPlayer* WinMediaPlayer = nullptr;
+    // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
+    void mnuStilrichtungAusschliessen_Click();
+    void mnuBandAusschliessen_Click();
+    // The column of the bands: the one headed "Band", else column 0.
+    int BandSpalte() const;
+
+    // ---- Random choice and play exclusions (playback/Ausgabebox_Zufall.cpp) ----
+    // True when the Carrier in the table's current row has a style or band that the
+    // play exclusion lists name (binary containment, as in the random choice).
+    bool TontraegerAusgeschlossen();
+
+    // ---- Sleep timer (playback/Ausgabebox_Sleep.cpp) ----
+    void mnuSleep_Click();
+    void TimerSleep_Timer();
 
     // ---- Filled in by later subsystems ----
     void CoverListeAktuell();
@@ -189,6 +204,10 @@ public:
     QString AktivesTextfeld;
     std::array<QString, 18> SpaltenTitel;
     int ShuffleSongProCD = 1;
+    // Songs chosen on the current Carrier in this shuffle run.
+    int SongZaehler = 1;
+    // At the sleep time the computer is switched off instead of only ending the program.
+    bool SleepHerunterfahren = false;
     // The standard font of the text panes, for new entries.
     QString StandardFontName = QStringLiteral("Segoe UI");
     double StandardFontsize = 12;
@@ -471,6 +490,12 @@ private:
     bool m_gebundenLaden = false; // the record fills the controls, no edit
     bool m_entladen = false;
     bool m_fensterSchliessenLaeuft = false;
+    // playback/Ausgabebox_Zufall.cpp
+    void TontraegerZeigen(int zeile);
+    void TrackZufaellig();
+    void PlaylistZeileZufaellig();
+    // The computer is on its way down: the sleep timer asks no second time.
+    bool m_ausschaltenLaeuft = false;
     class Einzelinstanz* m_instanz = nullptr;
 };
 

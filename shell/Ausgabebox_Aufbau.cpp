@@ -780,7 +780,8 @@ void Ausgabebox::MenusAnlegen()
                                     MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
                                     mnuTabelleAutosize, mnuAllesMarkieren, MenuNeuEingabe,
                                     MenuSpeichern,      MenuEintragLoeschen, mnuTabelleAnordnen,
-                                    MenuSQLabfrage,     mnuWinPlayerVerwenden, mnuLiedLang};
+                                    MenuSQLabfrage,     mnuWinPlayerVerwenden, mnuLiedLang,
+                                    mnuStilrichtungAusschliessen, mnuBandAusschliessen, mnuSleep};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : m->actions())
@@ -835,7 +836,7 @@ void Ausgabebox::EreignisseVerbinden()
     }
     // Controls whose commands are not built yet wait, greyed.
     for (QWidget* wartet : std::initializer_list<QWidget*>{
-             imgMiniPlayer, imgLiedzufall, imgLautsprecherregler, chkAlleTracks, chkRepeat, chkShuffle,
+             imgMiniPlayer, imgLautsprecherregler, chkAlleTracks, chkRepeat, chkShuffle,
              chkTracksZufaellig, chkTracksAnspielen, chkMarkTracks, imgMusikpfad, cmdBandTitel, cmdTextBig,
              cmdTextSmall,
              cmdCoverUp, cmdCoverDown, imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
@@ -848,6 +849,19 @@ void Ausgabebox::EreignisseVerbinden()
     connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
     connect(mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
     connect(MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
+    connect(mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
+    connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
+    // The handler decides about the check mark from the state before the click.
+    connect(mnuSleep, &QAction::triggered, this, [this](bool haken) {
+        mnuSleep->setChecked(!haken);
+        mnuSleep_Click();
+    });
+    connect(TimerSleep, &Zeitgeber::Timer, this, [this] { TimerSleep_Timer(); });
+    connect(imgLiedzufall, &Bildknopf::MouseUp, this, [this](Qt::MouseButton knopf) {
+        QCoreApplication::processEvents();
+        if (knopf == Qt::LeftButton)
+            TontraegerZufaellig();
+    });
     connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
         connect(ButtonAlpabeth[size_t(i)], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });

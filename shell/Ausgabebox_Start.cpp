@@ -211,6 +211,8 @@ void Ausgabebox::RegistryLesen()
 
     if (const auto v = alsZahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1"))))
         ShuffleSongProCD = int(*v);
+    // So the first random choice takes a new Carrier.
+    SongZaehler = ShuffleSongProCD;
     mnuLaufschrift->setChecked(Lesen(QStringLiteral("Laufschrift"), QStringLiteral("ein")) == u"ein");
     if (const auto v = alsZahl(Lesen(QStringLiteral("HäkchenBildpfad"))))
         chkBildpfad->setChecked(*v != 0);

@@ -321,6 +321,7 @@ ShellAttrappe* s_shell;
 PapierkorbAttrappe* s_papierkorb;
 ProzessAttrappe* s_prozess;
 MedienAttrappe* s_medien;
+EnergieAttrappe* s_energie;
 
 template <class T, class Setzer>
 T* einsetzen(Setzer setzer)
@@ -340,6 +341,7 @@ ShellAttrappe& Attrappen::shell() { return *s_shell; }
 PapierkorbAttrappe& Attrappen::papierkorb() { return *s_papierkorb; }
 ProzessAttrappe& Attrappen::prozess() { return *s_prozess; }
 MedienAttrappe& Attrappen::medien() { return *s_medien; }
+EnergieAttrappe& Attrappen::energie() { return *s_energie; }
 
 void Attrappen::installieren()
 {
@@ -353,4 +355,5 @@ void Attrappen::installieren()
     s_papierkorb = einsetzen<PapierkorbAttrappe>(&Dienste::setzePapierkorb);
     s_prozess = einsetzen<ProzessAttrappe>(&Dienste::setzeProzess);
     s_medien = einsetzen<MedienAttrappe>(&Dienste::setzeMedien);
+    s_energie = einsetzen<EnergieAttrappe>(&Dienste::setzeEnergie);
 }

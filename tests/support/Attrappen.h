@@ -4,6 +4,7 @@
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Medien.h"
+#include "platform/Energie.h"
 #include "platform/Uhr.h"
 
 #include <QHash>
@@ -118,6 +119,20 @@ public:
     bool verschieben(const QString& pfad) override;
 };
 
+// Says whether the computer may be switched off, and records each attempt instead.
+class EnergieAttrappe : public Energie {
+public:
+    bool darf = true;
+    bool gelingt = true;
+    int ausgeschaltet = 0; // attempts to switch off
+    bool darfAusschalten() override { return darf; }
+    bool ausschalten() override
+    {
+        ++ausgeschaltet;
+        return gelingt;
+    }
+};
+
 // Records the end of the process instead of ending it.
 class ProzessAttrappe : public Prozess {
 public:
@@ -211,6 +226,7 @@ struct Attrappen {
     static PapierkorbAttrappe& papierkorb();
     static ProzessAttrappe& prozess();
     static MedienAttrappe& medien();
+    static EnergieAttrappe& energie();
     // Installs fresh doubles for every service.
     static void installieren();
 };

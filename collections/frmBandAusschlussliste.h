@@ -1,0 +1,18 @@
+#pragma once
+// The bands to leave out: the bands of the main window's table as it stands, filter
+// included, with a check mark for each that the list of the current use excludes. Bands
+// outside the table cannot be shown, so a save drops them from the list.
+#include "collections/Ausschlussfenster.h"
+
+class frmBandAusschlussliste : public Ausschlussfenster {
+    Q_OBJECT
+public:
+    explicit frmBandAusschlussliste(QWidget* eltern = nullptr);
+
+    // Fonts, the bands of the table and their check marks. Shows nothing, so that the
+    // window can be driven without its modal loop.
+    void Form_Load();
+    void ListeErstellen();
+
+    QListWidget* lstBandliste = nullptr;
+};

@@ -1,0 +1,413 @@
+// The exclusion lists of styles and bands (their files, the two windows, the lists in
+// force) and the random choice of a Carrier and a Track that passes over them.
+#include "support/Katalog.h"
+#include "support/Modal.h"
+#include "support/Testumgebung.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
+#include "collections/Ausschlusslisten.h"
+#include "collections/frmBandAusschlussliste.h"
+#include "collections/frmStilausschlussliste.h"
+#include "shell/Ausgabebox.h"
+#include "shell/Einstellungen.h"
+#include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTreeWidget>
+
+#include <memory>
+
+namespace {
+
+const QString ZweiterSatz =
+    QStringLiteral("\nEntfernen Sie dort das Häkchen, damit Sie diese Stilrichtung verwenden können.");
+const QString StilHinweis =
+    "Diese Stilrichtung wurde im Menüpunkt 'Optionen/Stilrichtung ausschließen...' ausgeschlossen." + ZweiterSatz;
+const QString BandHinweis = "Diese Band wurde im Menüpunkt 'Optionen/Band ausschließen...' ausgeschlossen." + ZweiterSatz;
+
+QStringList eintraege(const QListWidget* liste, bool nurAngehakt = false)
+{
+    QStringList texte;
+    for (int i = 0; i < liste->count(); ++i)
+        if (!nurAngehakt || liste->item(i)->checkState() == Qt::Checked)
+            texte << liste->item(i)->text();
+    return texte;
+}
+
+void haken(QListWidget* liste, const QString& text, bool an = true)
+{
+    const QList<QListWidgetItem*> treffer = liste->findItems(text, Qt::MatchExactly);
+    QVERIFY2(!treffer.isEmpty(), qPrintable(text));
+    treffer.first()->setCheckState(an ? Qt::Checked : Qt::Unchecked);
+}
+
+QString pg(const QString& name) { return Testumgebung::programmOrdner() + name; }
+
+// A music folder with the given number of Tracks.
+QString musik(const QString& name, int tracks)
+{
+    const QString ordner = Testordner("ausschluss/musik/" + name);
+    for (int i = 0; i < tracks; ++i)
+        DateiSchreiben(ordner + QStringLiteral("Track %1.mp3").arg(i), "x");
+    return ordner;
+}
+
+} // namespace
+
+class TestAusschluss : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Ausgabebox> w;
+    QString ordner; // DatenbankOrdner
+    int m_nr = 0;
+
+    void starten(const QList<Zeilenwerte>& zeilen)
+    {
+        w.reset();
+        ordner = Testordner(QStringLiteral("ausschluss/db%1").arg(++m_nr));
+        Speichern("ArchivPfad", KatalogAnlegen(ordner + "A.db", zeilen));
+        w = std::make_unique<Ausgabebox>();
+        w->Form_Load();
+        w->show();
+        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+        Attrappen::dialoge().leeren();
+    }
+
+    // Abba/Pop, Bach/Klassik, Cream/Blues-Rock, Doors/rock, in this order.
+    void vierTontraeger()
+    {
+        const char* daten[][2] = {{"Abba", "Pop"}, {"Bach", "Klassik"}, {"Cream", "Blues-Rock"}, {"Doors", "rock"}};
+        QList<Zeilenwerte> zeilen;
+        for (const auto& d : daten)
+            zeilen << Zeilenwerte{{"Band", d[0]}, {"Stil", d[1]}};
+        starten(zeilen);
+    }
+
+    // One random choice with these numbers; returns how many it drew.
+    int ziehen(const QList<double>& werte)
+    {
+        auto& zufall = Attrappen::zufall();
+        zufall.werte.clear();
+        for (double r : werte)
+            zufall.werte.enqueue(r);
+        zufall.werte.enqueue(-1); // what is left shows how many were drawn
+        w->TontraegerZufaellig();
+        return int(werte.size()) + 1 - int(zufall.werte.size());
+    }
+
+    QString band() const { return w->TextBand->text(); }
+    int position() const { return w->Data1->recordset()->AbsolutePosition(); }
+
+private slots:
+    void init()
+    {
+        Testumgebung::zuruecksetzen();
+        Attrappen::dialoge().leeren();
+        Attrappen::zufall().werte.clear();
+        ProgrammOrdner = Testumgebung::programmOrdner();
+        QDir().mkpath(ProgrammOrdner);
+        PlaylistModus = false;
+    }
+    void cleanup()
+    {
+        w.reset();
+        PlaylistModus = false;
+        TrackGespielt.clear();
+    }
+
+    void dateienUndListenInKraft()
+    {
+        // Written as UTF-8 with LF, entries unchanged; nothing to keep is an empty file.
+        const QString datei = pg("AusschlussAbspielliste.ini");
+        QVERIFY(AusschlussListeSpeichern(datei, {"Kölsch", "", " Punk "}));
+        QCOMPARE(DateiLesen(datei), QByteArray("K\xc3\xb6lsch\n\n Punk \n"));
+        QCOMPARE(AusschlussEintraege(datei), (QStringList{"Kölsch", "", " Punk "}));
+        QVERIFY(AusschlussListeSpeichern(pg("leer.ini"), {}));
+        QVERIFY(QFile::exists(pg("leer.ini")));
+        QCOMPARE(StilAusschlussPfad("CD-Erstellen"), pg("Ausschlussliste.ini"));
+        QCOMPARE(BandAusschlussPfad("Abspielen"), pg("BandAusschlussAbspielliste.ini"));
+        QCOMPARE(StilAusschlussPfad("abspielen"), QString());
+
+        // A file from Windows: single bytes, CR LF. The generator's file does not count.
+        DateiSchreiben(datei, "K\xf6lsch\r\n\r\n");
+        DateiSchreiben(pg("BandAusschlussAbspielliste.ini"), "Heino\n");
+        DateiSchreiben(pg("Ausschlussliste.ini"), "Jazz\n");
+        starten(Baender({"Abba"}));
+        QCOMPARE(eintraege(w->lstAbspielausschluss), (QStringList{"Kölsch", ""}));
+        QCOMPARE(eintraege(w->lstBandAusschluss), QStringList{"Heino"});
+        // A deleted file leaves the list in force; an empty one empties it.
+        QFile::remove(datei);
+        w->AbspielausschlusslisteLaden();
+        QCOMPARE(w->lstAbspielausschluss->count(), 2);
+        DateiSchreiben(datei, "");
+        w->AbspielausschlusslisteLaden();
+        QCOMPARE(w->lstAbspielausschluss->count(), 0);
+    }
+
+    void stilfenster()
+    {
+        starten(Baender({"Abba"}));
+        DateiSchreiben(ordner + "Stilrichtung.ini", "Rock\r\n\r\nJazz\r\nK\xf6lsch\r\nPop\r\n");
+        DateiSchreiben(pg("AusschlussAbspielliste.ini"), "Pop\nRock\nGibt es nicht\n");
+        Speichern("Ausschlussliste", "CD-Erstellen");
+        ModalBedienen([](QDialog* d) {
+            // The menu has chosen the list of random play.
+            QCOMPARE(Lesen("Ausschlussliste"), QString("Abspielen"));
+            auto* liste = d->findChild<QListWidget*>("lstStilrichtung");
+            QCOMPARE(eintraege(liste), (QStringList{"Rock", "", "Jazz", "Kölsch", "Pop"}));
+            QCOMPARE(eintraege(liste, true), (QStringList{"Rock", "Pop"}));
+            auto* legende = d->findChild<QCheckBox*>("Check1");
+            legende->click();
+            QVERIFY(legende->isChecked());
+            haken(liste, "Kölsch");
+            haken(liste, "Rock", false);
+            QVERIFY(Klicken(d, "cmdOK"));
+        });
+        w->mnuStilrichtungAusschliessen->trigger();
+        QVERIFY(ModalBedient());
+        // In list order; the line without a style is gone. The list in force follows.
+        QCOMPARE(DateiLesen(pg("AusschlussAbspielliste.ini")), QByteArray("K\xc3\xb6lsch\nPop\n"));
+        QCOMPARE(eintraege(w->lstAbspielausschluss), (QStringList{"Kölsch", "Pop"}));
+
+        // The generator's list; and any other use shows no marks and writes nothing.
+        Speichern("Ausschlussliste", "CD-Erstellen");
+        for (const char* verwendung : {"CD-Erstellen", "anders"}) {
+            Speichern("Ausschlussliste", verwendung);
+            frmStilausschlussliste f;
+            f.Form_Load();
+            QCOMPARE(eintraege(f.lstStilrichtung, true), QStringList());
+            haken(f.lstStilrichtung, "");
+            f.cmdOK->click();
+            QCOMPARE(f.result(), int(QDialog::Accepted));
+        }
+        QCOMPARE(DateiLesen(pg("Ausschlussliste.ini")), QByteArray("\n"));
+        QCOMPARE(DateiLesen(pg("AusschlussAbspielliste.ini")), QByteArray("K\xc3\xb6lsch\nPop\n"));
+
+        // A file that cannot be written: the error, and the window stays with its marks.
+        Speichern("Ausschlussliste", "Abspielen");
+        QFile::remove(pg("AusschlussAbspielliste.ini"));
+        QDir().mkpath(pg("AusschlussAbspielliste.ini"));
+        frmStilausschlussliste f;
+        f.Form_Load();
+        haken(f.lstStilrichtung, "Jazz");
+        f.cmdOK->click();
+        QVERIFY(Attrappen::dialoge().meldungsTexte().value(0).startsWith("75 "));
+        QCOMPARE(f.result(), 0);
+        QCOMPARE(eintraege(f.lstStilrichtung, true), QStringList{"Jazz"});
+    }
+
+    void bandfensterNimmtDieTabelle()
+    {
+        DateiSchreiben(pg("BandAusschlussAbspielliste.ini"), "Abba\nCream\n");
+        starten({Zeilenwerte{{"Band", "Abba"}, {"LPTitel", "3"}}, Zeilenwerte{{"Band", "Abba"}, {"LPTitel", "1"}},
+                 Zeilenwerte{{"Band", "AC/DC"}, {"LPTitel", "2"}}, Zeilenwerte{{"Band", "Band"}, {"LPTitel", "4"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"LPTitel", "5"}}});
+        Speichern("BandAusschlussliste", "Abspielen");
+        Speichern("ProgSchriftSize", "14");
+        {
+            frmBandAusschlussliste f;
+            f.Form_Load();
+            QCOMPARE(eintraege(f.lstBandliste), (QStringList{"Abba", "AC/DC", "Band", "Cream"}));
+            QCOMPARE(f.lstBandliste->font().pointSizeF(), 14.0);
+        }
+        // Another order repeats a band at each change.
+        w->Data1->setRecordSource("select * from Schallplatten order by LPTitel");
+        w->Data1->Refresh();
+        {
+            frmBandAusschlussliste f;
+            f.Form_Load();
+            QCOMPARE(eintraege(f.lstBandliste), (QStringList{"Abba", "AC/DC", "Abba", "Band", "Cream"}));
+        }
+
+        // Saved on a filtered table: the bands the filter hides fall out of the list.
+        w->Data1->setRecordSource(Ausgabebox::BuchstabenFilter(0, "Band"));
+        w->Data1->Refresh();
+        ModalBedienen([](QDialog* d) {
+            auto* liste = d->findChild<QListWidget*>("lstBandliste");
+            QCOMPARE(eintraege(liste), (QStringList{"Abba", "AC/DC"}));
+            QCOMPARE(eintraege(liste, true), QStringList{"Abba"});
+            QVERIFY(Klicken(d, "cmdOK"));
+        });
+        w->mnuBandAusschliessen->trigger();
+        QVERIFY(ModalBedient());
+        QCOMPARE(DateiLesen(pg("BandAusschlussAbspielliste.ini")), QByteArray("Abba\n"));
+        QCOMPARE(eintraege(w->lstBandAusschluss), QStringList{"Abba"});
+        // Exit changes nothing.
+        ModalBedienen([](QDialog* d) {
+            haken(d->findChild<QListWidget*>("lstBandliste"), "AC/DC");
+            QVERIFY(Klicken(d, "cmdExit"));
+        });
+        w->mnuBandAusschliessen->trigger();
+        QCOMPARE(eintraege(w->lstBandAusschluss), QStringList{"Abba"});
+    }
+
+    void zufallUebergehtAusgeschlossene()
+    {
+        vierTontraeger();
+        // Rows 1 to 4: the whole part of RecordCount * r + 1.
+        QCOMPARE(ziehen({0.5}), 1);
+        QCOMPARE(w->MSFlexGrid1->Row(), 3);
+        QCOMPARE(position(), 2);
+        QCOMPARE(band(), QString("Cream"));
+        QCOMPARE(ziehen({0.9999999}), 1);
+        QCOMPARE(band(), QString("Doors"));
+        // Containment in exact case: "Blues-Rock" is excluded, "rock" is not; a part of a
+        // band's name excludes it as well.
+        w->lstAbspielausschluss->addItem("Rock");
+        w->lstBandAusschluss->addItem("bb");
+        QCOMPARE(ziehen({0.5, 0.0, 0.25}), 3);
+        QCOMPARE(band(), QString("Bach"));
+        QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
+        // The dice does the same.
+        QVERIFY(w->imgLiedzufall->isEnabled());
+        Attrappen::zufall().werte = QQueue<double>();
+        Attrappen::zufall().werte.enqueue(0.75);
+        QTest::mouseClick(w->imgLiedzufall, Qt::LeftButton);
+        QCOMPARE(band(), QString("Doors"));
+
+        // The sequencer's test: the current row, wherever the columns stand.
+        Speichern("TabelleAnordnenCaption0", "Stil1");
+        Speichern("TabelleAnordnenCaption3", "Band1");
+        w->TabelleEinrichten();
+        QCOMPARE(w->MSFlexGrid1->TextMatrix(0, 0), QString("Stil"));
+        QVERIFY(!w->TontraegerAusgeschlossen());
+        w->MSFlexGrid1->setRow(1);
+        QVERIFY(w->TontraegerAusgeschlossen());
+        w->MSFlexGrid1->setRow(3);
+        QVERIFY(w->TontraegerAusgeschlossen());
+        w->MSFlexGrid1->setRow(2);
+        QVERIFY(!w->TontraegerAusgeschlossen());
+        // An empty entry occurs in every cell.
+        w->lstAbspielausschluss->addItem("");
+        QVERIFY(w->TontraegerAusgeschlossen());
+    }
+
+    void alleAusgeschlossenGibtAuf()
+    {
+        vierTontraeger();
+        w->lstAbspielausschluss->addItem("");
+        QCOMPARE(ziehen({0.0, 0.25, 0.5, 0.75, 0.1}), 4);
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{StilHinweis});
+        const Meldung m = Attrappen::dialoge().meldungen().first();
+        QCOMPARE(m.typ, 3);
+        QCOMPARE(m.titel, QString("Bedienungshinweis"));
+        QCOMPARE(band(), QString("Doors")); // the last one drawn
+
+        // Each kind counts its own rejected draws, the same Carrier again included, and
+        // a Carrier that would pass is not waited for.
+        Attrappen::dialoge().leeren();
+        w->lstAbspielausschluss->clear();
+        w->lstAbspielausschluss->addItem("Pop");
+        w->lstBandAusschluss->addItem("Bach");
+        QCOMPARE(ziehen({0.0, 0.3, 0.3, 0.3, 0.3, 0.6}), 5);
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{BandHinweis});
+        QCOMPARE(band(), QString("Bach"));
+
+        // Many rows: after many rejections the columns are read at once; same answers.
+        QList<Zeilenwerte> zeilen;
+        for (int i = 1; i <= 300; ++i)
+            zeilen << Zeilenwerte{{"Band", QStringLiteral("Band %1").arg(i, 3, 10, QChar(u'0'))},
+                                  {"Stil", i == 290 ? QStringLiteral("Pop") : QStringLiteral("Rock")}};
+        starten(zeilen);
+        w->lstAbspielausschluss->addItem("Rock");
+        QList<double> werte(279, 0.0);
+        QCOMPARE(ziehen(werte << 289.5 / 300), 280);
+        QCOMPARE(band(), QString("Band 290"));
+        werte = QList<double>(299, 0.0);
+        QCOMPARE(ziehen(werte << 150.5 / 300 << 0.9), 300);
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{StilHinweis});
+        QCOMPARE(band(), QString("Band 151"));
+    }
+
+    void einzigerDatensatzBleibtStehen()
+    {
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}}});
+        QCOMPARE(ziehen({0.7}), 1);
+        QCOMPARE(position(), 0);
+        QCOMPARE(w->MSFlexGrid1->Row(), 1);
+        // Excluded: the notice at the first rejection.
+        w->lstAbspielausschluss->addItem("Pop");
+        QCOMPARE(ziehen({0.2, 0.4}), 1);
+        QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{StilHinweis});
+        QCOMPARE(position(), 0);
+        // An empty recordset: nothing is drawn.
+        w->Data1->setRecordSource("select * from Schallplatten where Band = 'niemand'");
+        w->Data1->Refresh();
+        QCOMPARE(ziehen({0.5}), 0);
+    }
+
+    void trackNieEintragNull()
+    {
+        Speichern("ShuffleSongProCD", "3");
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik("Abba", 4)}},
+                 Zeilenwerte{{"Band", "Bach"}, {"Musikpfad", musik("Bach", 1)}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Musikpfad", Testordner("ausschluss/musik/leer")}}});
+        // The start took a new Carrier: two more Tracks of it (each a draw of its own,
+        // without played marks), then the next Carrier.
+        QCOMPARE(w->SongZaehler, 1);
+        QCOMPARE(ziehen({0.0}), 1);
+        QCOMPARE(TrackIndex, 1);
+        QVERIFY(w->filTrack->Selected(1) && !w->filTrack->Selected(0));
+        // The whole part of (L - 1) * r + 1: from 1 to L - 1, also where a single would
+        // round r up to 1.
+        QCOMPARE(ziehen({0.99999999}), 1);
+        QCOMPARE(TrackIndex, 3);
+        QCOMPARE(w->SongZaehler, 3);
+        QCOMPARE(ziehen({0.4, 0.5}), 2);
+        QCOMPARE(w->SongZaehler, 1);
+        // One Track: the draw lies behind it, and nothing is selected.
+        QCOMPARE(band(), QString("Bach"));
+        QCOMPARE(TrackIndex, 1);
+        QVERIFY(!w->filTrack->Selected(0));
+        // 0 songs per Carrier: each call a new Carrier. No Track: no second draw.
+        Speichern("ShuffleSongProCD", "0");
+        QCOMPARE(ziehen({0.9, 0.5}), 1);
+        QCOMPARE(band(), QString("Cream"));
+        QCOMPARE(TrackIndex, 0);
+        QCOMPARE(ziehen({0.0, 0.5}), 2);
+        QCOMPARE(band(), QString("Abba"));
+        QCOMPARE(TrackIndex, 2);
+    }
+
+    void playlistZeilenNachHakenUndMarken()
+    {
+        vierTontraeger();
+        for (int i = 1; i <= 4; ++i)
+            (new QTreeWidgetItem(w->lvwPlaylist, {QString::number(i)}))
+                ->setCheckState(0, i == 2 ? Qt::Unchecked : Qt::Checked);
+        PlaylistModus = true;
+        TrackGespielt.assign(5, 0);
+        // Candidate int(3 * r + 1); an unchecked or played one sends the scan from row 1.
+        QCOMPARE(ziehen({0.7}), 1);
+        QCOMPARE(TrackIndex, 3);
+        QCOMPARE(ziehen({0.4}), 1);
+        QCOMPARE(TrackIndex, 1);
+        QCOMPARE(ziehen({0.0}), 1);
+        QCOMPARE(TrackIndex, 4);
+        QCOMPARE(w->lvwPlaylist->currentItem(), w->lvwPlaylist->topLevelItem(3));
+        QCOMPARE(band(), QString("Abba")); // the record is not touched
+        // All played, no repeat: marks cleared, a wait, the run ends.
+        const int gewartet = Attrappen::uhr().gewartet;
+        QCOMPARE(ziehen({0.0}), 1);
+        QCOMPARE(TrackIndex, 4);
+        QCOMPARE(TrackGespielt, (std::vector<int>{0, 0, 0, 0, 0}));
+        QCOMPARE(Attrappen::uhr().gewartet, gewartet + 1);
+        // With repeat it starts over at row 1, also with marks not made anew.
+        w->chkRepeat->setChecked(true);
+        TrackGespielt.clear();
+        QCOMPARE(ziehen({0.9}), 1);
+        QCOMPARE(TrackIndex, 1);
+    }
+};
+
+RK_TEST_MAIN(TestAusschluss)
+#include "tst_ausschluss.moc"
