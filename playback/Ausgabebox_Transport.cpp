@@ -10,6 +10,7 @@
 #include "platform/Medien.h"
 #include "platform/Pfade.h"
 #include "platform/Uhr.h"
+#include "playback/Audioanzeige.h"
 #include "playback/frmWinMediaPlayer.h"
 #include "playback/modPlatten.h"
 #include "shell/Einstellungen.h"
@@ -21,6 +22,7 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QCursor>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -71,10 +73,30 @@ frmWinMediaPlayer* Ausgabebox::WinMediaPlayerFenster()
 void Ausgabebox::MediaPlayer1Zeigen(bool sichtbar)
 {
     MediaPlayer1Sichtbar = sichtbar;
-    // The control lives on the covers' tab and shows there only.
-    MediaPlayer1->setVisible(sichtbar && tabTexte->currentIndex() == 0 && !lvwPlaylist->isVisible());
+    AudioanzeigeAktualisieren();
+}
+
+void Ausgabebox::AudioanzeigeAktualisieren()
+{
+    // The control lives on the covers' tab and shows there only. While audio plays
+    // there is no picture: the audio display stands in its place.
+    static const QStringList videos = {"avi", "wmv", "mpg", "mpeg", "mp4", "m4v", "flv", "m2ts", "mkv",
+                                       "webm", "ogv", "mov", "3gp"};
+    const bool sichtbar = MediaPlayer1Sichtbar && tabTexte->currentIndex() == 0 && !lvwPlaylist->isVisible();
+    const QString url = MediaPlayer1Spieler->URL();
+    const bool audio = !url.isEmpty() && !videos.contains(QFileInfo(url).suffix().toLower());
+    MediaPlayer1->setVisible(sichtbar && !audio);
     if (MediaPlayer1->isVisible())
         MediaPlayer1->raise();
+    if (!sichtbar || !audio) {
+        MediaPlayer1Audio->hide();
+        return;
+    }
+    MediaPlayer1Audio->setGeometry(MediaPlayer1->geometry());
+    MediaPlayer1Audio->setTitel(QFileInfo(url).completeBaseName());
+    MediaPlayer1Audio->setCover(Bild1->Bild().isNull() ? imgBildpfad->Bild() : Bild1->Bild());
+    MediaPlayer1Audio->show();
+    MediaPlayer1Audio->raise();
 }
 
 void Ausgabebox::SonderfunktionenAus()
@@ -257,6 +279,7 @@ void Ausgabebox::MediaPlayerPfad(const QString& pfad)
     } else {
         MediaPlayer1Spieler->setURL(pfad);
     }
+    AudioanzeigeAktualisieren();
 }
 
 void Ausgabebox::imgStop_Click()
@@ -494,6 +517,7 @@ void Ausgabebox::chkVisualisierung_Click()
     }
     if (MediaPlayer1Spieler->playState() == Medienspieler::Spielt)
         MediaPlayer1Zeigen(true);
+    AudioanzeigeAktualisieren();
 }
 
 void Ausgabebox::mnuWinPlayerVerwenden_Click()

@@ -155,6 +155,8 @@ public:
     class frmWinMediaPlayer* WinMediaPlayerFenster();
     // The media player control on the main window shows (on the covers' tab).
     void MediaPlayer1Zeigen(bool sichtbar);
+    // Over the control while an audio file plays: cover, title and progress.
+    void AudioanzeigeAktualisieren();
 
     double TrackEndeZeit = 0;
     QString LaufenderTrack;
@@ -172,6 +174,7 @@ public:
     bool MediaPlayer1Sichtbar = false;
     class Medienspieler* MediaPlayer1Spieler = nullptr;
     class frmWinMediaPlayer* WinMediaPlayer = nullptr;
+    class Audioanzeige* MediaPlayer1Audio = nullptr;
     // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
     void mnuStilrichtungAusschliessen_Click();
     void mnuBandAusschliessen_Click();

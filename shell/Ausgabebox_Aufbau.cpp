@@ -7,6 +7,7 @@
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
 #include "platform/Uhr.h"
+#include "playback/Audioanzeige.h"
 #include "shell/Farbverlauf.h"
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
@@ -297,6 +298,8 @@ void Ausgabebox::SteuerelementeAnlegen()
     MediaPlayer1Spieler = D().medien().neuerSpieler(this);
     MediaPlayer1Spieler->setObjectName(QStringLiteral("MediaPlayer1Spieler"));
     MediaPlayer1Spieler->setVideoOutput(MediaPlayer1);
+    MediaPlayer1Audio = new Audioanzeige(MediaPlayer1Spieler, e);
+    MediaPlayer1Audio->hide();
     chkVisualisierung = kasten(e, QStringLiteral("chkVisualisierung"), QStringLiteral("Visual"));
     chkVollbild = kasten(e, QStringLiteral("chkVollbild"), QStringLiteral("Vollbild"));
     chkAlleTracks = kasten(e, QStringLiteral("chkAlleTracks"), QStringLiteral("Alle"),

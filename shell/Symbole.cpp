@@ -144,8 +144,18 @@ QIcon gezeichnet(const QString& name)
         return zeichen(QStringLiteral("⇅"), schrift(17, true));
     if (name == u"player")
         return zeichen(QStringLiteral("▶♪"), schrift(11));
-    if (name == u"vollbild")
-        return zeichen(QStringLiteral("⛶"), schrift(18));
+    if (name == u"vollbild") {
+        // Four corners pointing outwards.
+        QPixmap bild = leer();
+        QPainter p(&bild);
+        p.setPen(QPen(QColor(0x20, 0x30, 0x50), 2));
+        const int a = 4, b = 20, l = 6;
+        p.drawPolyline(QPolygon({QPoint(a, a + l), QPoint(a, a), QPoint(a + l, a)}));
+        p.drawPolyline(QPolygon({QPoint(b - l, a), QPoint(b, a), QPoint(b, a + l)}));
+        p.drawPolyline(QPolygon({QPoint(a, b - l), QPoint(a, b), QPoint(a + l, b)}));
+        p.drawPolyline(QPolygon({QPoint(b - l, b), QPoint(b, b), QPoint(b, b - l)}));
+        return QIcon(bild);
+    }
     if (name == u"miniplayer")
         return zeichen(QStringLiteral("▭"), schrift(18));
     if (name == u"ab0" || name == u"ab1" || name == u"ab2") {
