@@ -103,7 +103,7 @@ void Ausgabebox::TrackListeLaden()
         filTrack->setCurrentRow(0);
         filTrack->setSelected(0, true);
     }
-    TrackMarken.assign(size_t(filTrack->count()), false);
+    TrackGespielt.assign(size_t(filTrack->count()), 0);
     Bez[12]->setText(QStringLiteral("Tracks && Movies ") + QString::number(filTrack->count()));
 }
 

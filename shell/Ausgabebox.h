@@ -190,6 +190,28 @@ public:
     void mnuSleep_Click();
     void TimerSleep_Timer();
 
+    // ---- Sequencer (playback/Ausgabebox_Sequenzer.cpp) ----
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void chkAlleTracks_Click();
+    void chkMarkTracks_Click();
+    void chkShuffle_Click();
+    void chkTracksAnspielen_Click();
+    void mnuPauseZwischenTracks_Click();
+    void mnuLaufschrift_Click();
+    // Sets a mode box; a real change runs its handler, as a click would.
+    void ModusSetzen(QCheckBox* kasten, bool an);
+    // The running Track is over: by the clock on path one and in sampling, else by the
+    // play state of the control that has it.
+    bool TrackZuEnde(bool mitAnspielen) const;
+    // The next item; false when the list ended and the transport was stopped.
+    bool NaechsterTrack();
+    bool ZufallsTrack();
+    bool PlaylistZeileWaehlen();
+    void ListenEndeStoppen();
+    // The text of one phase of the running title.
+    QString LaufschriftText(int phase) const;
+
     // ---- Filled in by later subsystems ----
     void CoverListeAktuell();
     void CoverAktualisieren();
@@ -219,8 +241,6 @@ public:
     bool StandardFontStrikethru = false;
     bool StandardFontUnderline = false;
     qint64 StandardColor = 0;
-    // Per-Track marks of the sequencer, one per entry of filTrack.
-    std::vector<bool> TrackMarken;
     int TrackItemHoehe = 0;
     int CoverLetzterPlatz = 0;
     int CoverStart = 0;
@@ -493,6 +513,9 @@ private:
     bool m_gebundenLaden = false; // the record fills the controls, no edit
     bool m_entladen = false;
     bool m_fensterSchliessenLaeuft = false;
+    bool m_timer1Laeuft = false;
+    bool m_timer2Laeuft = false;
+    int m_laufschriftPhase = 0;
     // playback/Ausgabebox_Zufall.cpp
     void TontraegerZeigen(int zeile);
     void TrackZufaellig();

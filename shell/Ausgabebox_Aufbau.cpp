@@ -784,6 +784,7 @@ void Ausgabebox::MenusAnlegen()
                                     mnuTabelleAutosize, mnuAllesMarkieren, MenuNeuEingabe,
                                     MenuSpeichern,      MenuEintragLoeschen, mnuTabelleAnordnen,
                                     MenuSQLabfrage,     mnuWinPlayerVerwenden, mnuLiedLang,
+                                    mnuPauseZwischenTracks, mnuLaufschrift,
                                     mnuStilrichtungAusschliessen, mnuBandAusschliessen, mnuSleep};
     for (QMenu* m : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                      mnuExtras, mnuOptionen, MenuHelp})
@@ -839,9 +840,7 @@ void Ausgabebox::EreignisseVerbinden()
     }
     // Controls whose commands are not built yet wait, greyed.
     for (QWidget* wartet : std::initializer_list<QWidget*>{
-             imgMiniPlayer, imgLautsprecherregler, chkAlleTracks, chkRepeat, chkShuffle,
-             chkTracksZufaellig, chkTracksAnspielen, chkMarkTracks, imgMusikpfad, cmdBandTitel, cmdTextBig,
-             cmdTextSmall,
+             imgMiniPlayer, imgLautsprecherregler, imgMusikpfad, cmdBandTitel, cmdTextBig, cmdTextSmall,
              cmdCoverUp, cmdCoverDown, imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
         wartet->setEnabled(false);
     for (Bildknopf* b : ButtonText)
@@ -936,6 +935,15 @@ void Ausgabebox::EreignisseVerbinden()
     for (Bildknopf* b : imgPosAB)
         connect(b, &Bildknopf::clicked, this, [this] { imgPosAB_Click(); });
     connect(TimerPosAB, &Zeitgeber::Timer, this, [this] { TimerPosAB_Timer(); });
+    connect(Timer1, &Zeitgeber::Timer, this, [this] { Timer1_Timer(); });
+    connect(Timer2, &Zeitgeber::Timer, this, [this] { Timer2_Timer(); });
+    connect(chkAlleTracks, &QCheckBox::clicked, this, [this] { chkAlleTracks_Click(); });
+    connect(chkMarkTracks, &QCheckBox::clicked, this, [this] { chkMarkTracks_Click(); });
+    connect(chkShuffle, &QCheckBox::clicked, this, [this] { chkShuffle_Click(); });
+    connect(chkTracksAnspielen, &QCheckBox::clicked, this, [this] { chkTracksAnspielen_Click(); });
+    connect(mnuPauseZwischenTracks, &QAction::triggered, this, [this] { mnuPauseZwischenTracks_Click(); });
+    connect(mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
+    lvwPlaylist->installEventFilter(this);
     for (int i = 0; i < 6; ++i)
         connect(imgSongNote[size_t(i)], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
     connect(cmdPlayAsso, &QPushButton::clicked, this, [this] { cmdPlayAsso_Click(); });
@@ -1018,6 +1026,9 @@ bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
             break;
         }
     }
+    if (objekt == lvwPlaylist && ereignis->type() == QEvent::FocusIn)
+        // A row n of the playlist uses mark n; mark 0 stays free.
+        TrackGespielt.assign(size_t(lvwPlaylist->topLevelItemCount()) + 1, 0);
     if (ereignis->type() == QEvent::FocusIn) {
         if (objekt == filTrack) {
             AktivesFeld = QStringLiteral("filTrack");

@@ -242,10 +242,12 @@ QString Statusleiste::PanelText(int nr) const
 
 void Statusleiste::setPanelText(int nr, const QString& text)
 {
-    if (QLabel* p = Panel(nr)) {
-        p->setText(text);
-        p->setToolTip(text);
-    }
+    QLabel* p = Panel(nr);
+    if (!p || p->text() == text)
+        return;
+    p->setText(text);
+    p->setToolTip(text);
+    emit PanelGeaendert(nr, text);
 }
 
 void Statusleiste::setBevel(int nr, int art)

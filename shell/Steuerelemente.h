@@ -133,6 +133,8 @@ public:
 
 signals:
     void DblClick();
+    // A panel's text changed (the player's state is read from panel 2).
+    void PanelGeaendert(int nr, const QString& text);
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent* e) override;

@@ -184,7 +184,7 @@ private slots:
         QCOMPARE(TrackIndex, 1);
         QVERIFY(w->filTrack->Selected(1) && !w->filTrack->Selected(0));
         QCOMPARE(w->Bez[12]->text(), QString("Tracks && Movies 3"));
-        QCOMPARE(w->TrackMarken.size(), size_t(3));
+        QCOMPARE(TrackGespielt, (std::vector<int>{0, 0, 0}));
         w->MSFlexGrid1->setRow(2); // one character: the empty folder
         QCOMPARE(w->filTrack->Path(), Testumgebung::programmOrdner() + "Leer");
         QVERIFY(!w->filTrack->isEnabled());
