@@ -108,51 +108,26 @@ void Ausgabebox::mnuOeffnen_Click(const QString& vorgegeben)
 
 void Ausgabebox::mnuNeueDatenbank_Click()
 {
-    const QString bisher = Data1->DatabaseName();
-    const QString bisherQuelle = Data1->RecordSource();
-    try {
-        Dateiauswahl d;
-        d.titel = QStringLiteral(" Neue Datenbank anlegen");
-        d.filter = QStringLiteral("Datenbank (*.db) |*.db|alle Dateien (*.*) |*.*");
-        d.startordner = ProgrammOrdner;
-        d.filterIndex = 1;
-        d.speichern = true;
-        const QString pfad = D().dialoge().Datei(d);
-        if (pfad.isEmpty())
-            throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
-        if (QFile::exists(pfad)) {
-            MsgNimb(QStringLiteral("Die Datenbank existiert schon und kann nicht überschrieben werden."), 3, 0,
-                    QStringLiteral("Sicherheitshinweis"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
-            return;
-        }
-        Data1->schliessen();
-        QCoreApplication::processEvents();
-        kopieren(vorlage(), pfad);
-        QCoreApplication::processEvents();
-        Data1->setDatabaseName(pfad);
-        Data1->setRecordSource(NachBand);
-        Data1->Refresh();
-        QCoreApplication::processEvents();
-        Speichern(QStringLiteral("Data1RecordSource"), NachBand);
-        staBar->setPanelText(1, DateinameAusPfad(pfad));
-        DatenbankOrdner = OrdnerAusPfad(pfad);
-        Speichern(QStringLiteral("ArchivPfad"), pfad);
-        CoverAktualisieren();
-    } catch (const Laufzeitfehler& fehler) {
-        DatenbankWiederOeffnen(bisher, bisherQuelle);
-        Fehlermeldung(fehler, QStringLiteral("Ausgabeboxbox_mnuNeueDatenbank_Click"));
-    }
+    DatenbankKopieAnlegen(QStringLiteral(" Neue Datenbank anlegen"), ProgrammOrdner, false,
+                          QStringLiteral("Ausgabeboxbox_mnuNeueDatenbank_Click"));
 }
 
 void Ausgabebox::mnuSpeichernUnter_Click()
+{
+    DatenbankKopieAnlegen(QStringLiteral(" Speichern unter"), DatenbankOrdner, true,
+                          QStringLiteral("Ausgabeboxbox_mnuSpeichernUnter_Click"));
+}
+
+void Ausgabebox::DatenbankKopieAnlegen(const QString& titel, const QString& startordner, bool offeneKopieren,
+                                       const QString& fehlertitel)
 {
     const QString bisher = Data1->DatabaseName();
     const QString bisherQuelle = Data1->RecordSource();
     try {
         Dateiauswahl d;
-        d.titel = QStringLiteral(" Speichern unter");
+        d.titel = titel;
         d.filter = QStringLiteral("Datenbank (*.db) |*.db|alle Dateien (*.*) |*.*");
-        d.startordner = DatenbankOrdner;
+        d.startordner = startordner;
         d.filterIndex = 1;
         d.speichern = true;
         const QString pfad = D().dialoge().Datei(d);
@@ -163,24 +138,25 @@ void Ausgabebox::mnuSpeichernUnter_Click()
                     QStringLiteral("Sicherheitshinweis"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
             return;
         }
-        // Closing writes what is pending, so the copy holds every row.
+        // Closing writes what is pending, so that a copy of the open file holds every row.
         Data1->schliessen();
         QCoreApplication::processEvents();
-        kopieren(Lesen(QStringLiteral("ArchivPfad"), vorlage()), pfad);
+        kopieren(offeneKopieren ? Lesen(QStringLiteral("ArchivPfad"), vorlage()) : vorlage(), pfad);
         QCoreApplication::processEvents();
         Data1->setDatabaseName(pfad);
         Data1->setRecordSource(NachBand);
         Data1->Refresh();
         QCoreApplication::processEvents();
         Speichern(QStringLiteral("Data1RecordSource"), NachBand);
-        TabelleEinrichten();
+        if (offeneKopieren)
+            TabelleEinrichten();
         staBar->setPanelText(1, DateinameAusPfad(pfad));
         DatenbankOrdner = OrdnerAusPfad(pfad);
         Speichern(QStringLiteral("ArchivPfad"), pfad);
         CoverAktualisieren();
     } catch (const Laufzeitfehler& fehler) {
         DatenbankWiederOeffnen(bisher, bisherQuelle);
-        Fehlermeldung(fehler, QStringLiteral("Ausgabeboxbox_mnuSpeichernUnter_Click"));
+        Fehlermeldung(fehler, fehlertitel);
     }
 }
 

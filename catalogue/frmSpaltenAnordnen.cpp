@@ -1,4 +1,5 @@
 #include "catalogue/frmSpaltenAnordnen.h"
+#include "shell/Steuerelemente.h"
 
 #include "auxiliary/Hilfe.h"
 #include "platform/Dialogdienst.h"
@@ -28,16 +29,6 @@ int auswahl(const QListWidget* liste)
 {
     const QList<QListWidgetItem*> gewaehlt = liste->selectedItems();
     return gewaehlt.isEmpty() ? -1 : liste->row(gewaehlt.first());
-}
-
-QPushButton* knopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp = {})
-{
-    auto* k = new QPushButton(text, eltern);
-    k->setObjectName(name);
-    k->setAutoDefault(false);
-    if (!tipp.isEmpty())
-        k->setToolTip(tipp);
-    return k;
 }
 
 QListWidget* liste(QWidget* eltern, const QString& name)
@@ -84,29 +75,29 @@ frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
     lblSpalten->setObjectName(QStringLiteral("lblSpalten"));
     lblSpalten->setBuddy(lstSpalten);
 
-    cmdEinfuegen = knopf(this, QStringLiteral("cmdEinfügen"), QStringLiteral("◄  &Einfügen"),
+    cmdEinfuegen = Befehlsknopf(this, QStringLiteral("cmdEinfügen"), QStringLiteral("◄  &Einfügen"),
                          QStringLiteral(" Gewählte Spalte hinten anfügen und anzeigen "));
-    cmdEntfernen = knopf(this, QStringLiteral("cmdEntfernen"), QStringLiteral("E&ntfernen  ►"),
+    cmdEntfernen = Befehlsknopf(this, QStringLiteral("cmdEntfernen"), QStringLiteral("E&ntfernen  ►"),
                          QStringLiteral(" Gewählte Spalte ausblenden "));
-    cmdHochTief[0] = knopf(this, QStringLiteral("cmdHochTief(0)"), QStringLiteral("▲"),
+    cmdHochTief[0] = Befehlsknopf(this, QStringLiteral("cmdHochTief(0)"), QStringLiteral("▲"),
                            QStringLiteral(" Gewählte Spalte nach vorn "));
-    cmdHochTief[1] = knopf(this, QStringLiteral("cmdHochTief(1)"), QStringLiteral("▼"),
+    cmdHochTief[1] = Befehlsknopf(this, QStringLiteral("cmdHochTief(1)"), QStringLiteral("▼"),
                            QStringLiteral(" Gewählte Spalte nach hinten "));
     for (QPushButton* k : cmdHochTief) {
         k->setEnabled(false);
         k->setFixedWidth(Px(500));
     }
-    cmdStandard = knopf(this, QStringLiteral("cmdStandard"), QStringLiteral("&Standard"),
+    cmdStandard = Befehlsknopf(this, QStringLiteral("cmdStandard"), QStringLiteral("&Standard"),
                         QStringLiteral(" Alle Spalten anzeigen, in der Reihenfolge der Tabelle "));
-    cmdDefault = knopf(this, QStringLiteral("cmdDefault"), QStringLiteral("&Kompakt"),
+    cmdDefault = Befehlsknopf(this, QStringLiteral("cmdDefault"), QStringLiteral("&Kompakt"),
                        QStringLiteral(" Nur die wichtigsten Spalten anzeigen "));
     chkNotSort = new QCheckBox(QStringLiteral("Tabellenspalten nicht automatisch anordnen"), this);
     chkNotSort->setObjectName(QStringLiteral("chkNotSort"));
     chkNotSort->setToolTip(QStringLiteral(" Damit alle SQL-Befehle verwendbar sind "));
-    cmdOK = knopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
+    cmdOK = Befehlsknopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
     cmdOK->setDefault(true);
-    cmdExit = knopf(this, QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
-    cmdHilfe = knopf(this, QStringLiteral("cmdHilfe"), QStringLiteral("&Hilfe"));
+    cmdExit = Befehlsknopf(this, QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
+    cmdHilfe = Befehlsknopf(this, QStringLiteral("cmdHilfe"), QStringLiteral("&Hilfe"));
 
     // Up and down beside the visible list, the two moves between the lists.
     auto* hochTief = new QVBoxLayout;

@@ -1,4 +1,5 @@
 #include "collections/Ausschlussfenster.h"
+#include "shell/Steuerelemente.h"
 
 #include "collections/Ausschlusslisten.h"
 #include "platform/Einheiten.h"
@@ -12,18 +13,6 @@
 #include <QPushButton>
 #include <QSet>
 #include <QVBoxLayout>
-
-namespace {
-
-QPushButton* knopf(QWidget* eltern, const QString& name, const QString& text)
-{
-    auto* k = new QPushButton(text, eltern);
-    k->setObjectName(name);
-    k->setAutoDefault(false);
-    return k;
-}
-
-} // namespace
 
 Ausschlussfenster::Ausschlussfenster(QWidget* eltern, QListWidget* liste, const QString& schluessel,
                                      QString (*pfad)(const QString&), const QString& legende)
@@ -47,10 +36,10 @@ Ausschlussfenster::Ausschlussfenster(QWidget* eltern, QListWidget* liste, const 
     Check1->setObjectName(QStringLiteral("Check1"));
     Check1->setChecked(true);
     Check1->setFocusPolicy(Qt::NoFocus);
-    cmdOK = knopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
+    cmdOK = Befehlsknopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
     cmdOK->setDefault(true);
     cmdOK->setToolTip(QStringLiteral(" Häkchen speichern "));
-    cmdExit = knopf(this, QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
+    cmdExit = Befehlsknopf(this, QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
     cmdExit->setToolTip(QStringLiteral(" Ohne Speichern schließen "));
 
     auto* knoepfe = new QHBoxLayout;

@@ -31,16 +31,6 @@ std::optional<double> alsZahl(const QString& wert)
     return zahl;
 }
 
-QPushButton* knopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp = {})
-{
-    auto* k = new QPushButton(text, eltern);
-    k->setObjectName(name);
-    k->setAutoDefault(false);
-    if (!tipp.isEmpty())
-        k->setToolTip(tipp);
-    return k;
-}
-
 } // namespace
 
 SQLform::SQLform(QWidget* eltern)
@@ -71,12 +61,12 @@ SQLform::SQLform(QWidget* eltern)
     optSql[1]->setObjectName(QStringLiteral("optSql(1)"));
     optSql[1]->setToolTip(QStringLiteral(" Aktionsabfrage ausführen (update, insert into, delete ...) "));
 
-    CommandOK = knopf(this, QStringLiteral("CommandOK"), QStringLiteral("&Ausführen"),
+    CommandOK = Befehlsknopf(this, QStringLiteral("CommandOK"), QStringLiteral("&Ausführen"),
                       QStringLiteral(" SQL-Anweisung ausführen "));
-    CommandExit = knopf(this, QStringLiteral("CommandExit"), QStringLiteral("E&xit"));
-    CommandUebernehmen = knopf(this, QStringLiteral("CommandUebernehmen"), QStringLiteral("In die &Liste"),
+    CommandExit = Befehlsknopf(this, QStringLiteral("CommandExit"), QStringLiteral("E&xit"));
+    CommandUebernehmen = Befehlsknopf(this, QStringLiteral("CommandUebernehmen"), QStringLiteral("In die &Liste"),
                                QStringLiteral(" SQL-Anweisung in der Liste speichern "));
-    CommandLoeschen = knopf(this, QStringLiteral("CommandLoeschen"), QStringLiteral("Aus der Liste &löschen"),
+    CommandLoeschen = Befehlsknopf(this, QStringLiteral("CommandLoeschen"), QStringLiteral("Aus der Liste &löschen"),
                             QStringLiteral(" Gewählte SQL-Anweisung aus der Liste löschen "));
 
     ListSQL = new QListWidget(this);

@@ -133,35 +133,31 @@ void Ausgabebox::filTrack_Nachlauf()
     BewertungTracks();
     if (!txtSongText->isVisible())
         return;
-    // The lyrics follow: the name without rating and a three-letter extension.
-    QTextCursor c(txtSongText->document());
-    c.movePosition(QTextCursor::End);
-    txtSongText->setTextCursor(c);
+    // The name without a rating and a three-letter extension.
     QString name = filTrack->List(TrackIndex);
     name.chop(8);
-    if (name.isEmpty())
-        return;
-    const qsizetype stelle = txtSongText->toPlainText().indexOf(name, 0, Qt::CaseInsensitive);
-    if (stelle >= 0) {
-        c.setPosition(int(stelle));
-        txtSongText->setTextCursor(c);
+    if (LiedtextZeigen(name))
         QCoreApplication::processEvents();
-    }
 }
 
 void Ausgabebox::TextSongAktualisieren()
 {
-    if (!txtSongText->isVisible())
-        return;
+    if (txtSongText->isVisible())
+        LiedtextZeigen(filTrack->List(TrackIndex));
+}
+
+bool Ausgabebox::LiedtextZeigen(const QString& name)
+{
+    // The caret at the end first, then at the place: the name then stands high up.
     QTextCursor c(txtSongText->document());
     c.movePosition(QTextCursor::End);
     txtSongText->setTextCursor(c);
-    const QString name = filTrack->List(TrackIndex);
     if (name.isEmpty())
-        return;
+        return false;
     const qsizetype stelle = txtSongText->toPlainText().indexOf(name, 0, Qt::CaseInsensitive);
-    if (stelle >= 0) {
-        c.setPosition(int(stelle));
-        txtSongText->setTextCursor(c);
-    }
+    if (stelle < 0)
+        return false;
+    c.setPosition(int(stelle));
+    txtSongText->setTextCursor(c);
+    return true;
 }

@@ -22,14 +22,6 @@ namespace {
 
 QString Uhrzeit() { return D().uhr().jetzt().time().toString(QStringLiteral("hh:mm:ss")); }
 
-QPushButton* knopf(QWidget* eltern, const QString& name, const QString& text)
-{
-    auto* k = new QPushButton(text, eltern);
-    k->setObjectName(name);
-    k->setAutoDefault(false);
-    return k;
-}
-
 } // namespace
 
 frmUhrzeit::frmUhrzeit(QWidget* eltern)
@@ -61,9 +53,9 @@ frmUhrzeit::frmUhrzeit(QWidget* eltern)
         Label1[size_t(i)] = label;
         connect(feld, &QLineEdit::textEdited, this, [this, i] { Text1_Change(i); });
     }
-    cmdOK = knopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
+    cmdOK = Befehlsknopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
     cmdOK->setDefault(true);
-    cmdExit = knopf(this, QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
+    cmdExit = Befehlsknopf(this, QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
 
     auto* zeit = new QHBoxLayout;
     zeit->addStretch();

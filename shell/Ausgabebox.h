@@ -74,6 +74,9 @@ public:
     QString OrdnerEintrag(int index) const;
     void OrdnerEintragSetzen(int index, const QString& pfad);
     void DatenbankWiederOeffnen(const QString& pfad, const QString& quelle);
+    // New catalogue (a copy of the template) or save as (a copy of the open one).
+    void DatenbankKopieAnlegen(const QString& titel, const QString& startordner, bool offeneKopieren,
+                               const QString& fehlertitel);
     void mnuOrdner_Click(int index);
     void mnuDatenbank_Click();
 
@@ -151,6 +154,8 @@ public:
     // What follows a key or the mouse in the Track list.
     void filTrack_Nachlauf();
     void TextSongAktualisieren();
+    // Scrolls the lyrics to the first place of the name, caseless; false when absent.
+    bool LiedtextZeigen(const QString& name);
     // The window for video and pictures, made when first needed.
     class frmWinMediaPlayer* WinMediaPlayerFenster();
     // The media player control on the main window shows (on the covers' tab).

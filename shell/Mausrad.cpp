@@ -15,7 +15,23 @@
 namespace {
 constexpr int AnzahlPlaetze = 50;
 constexpr int Zeichenschritt = 50;
+
+// The caret of a text pane moves by 50 characters, which scrolls the pane.
+template <class Textfenster>
+void caretSchritt(Textfenster* text, bool hoch)
+{
+    QTextCursor c = text->textCursor();
+    const int laenge = text->document()->characterCount() - 1;
+    if (hoch && c.position() > Zeichenschritt)
+        c.setPosition(c.position() - Zeichenschritt);
+    else if (!hoch && laenge - Zeichenschritt > c.position())
+        c.setPosition(c.position() + Zeichenschritt);
+    else
+        return;
+    text->setTextCursor(c);
+    text->ensureCursorVisible();
 }
+} // namespace
 
 Mausrad& Mausrad::instanz()
 {
@@ -102,27 +118,9 @@ void Mausrad::Schritt(QWidget* w, const QString& klasse, bool hoch)
         else if (!hoch && int(zeile->text().size()) - Zeichenschritt > pos)
             zeile->setCursorPosition(pos + Zeichenschritt);
     } else if (auto* text = qobject_cast<QTextEdit*>(w)) {
-        QTextCursor c = text->textCursor();
-        const int laenge = text->document()->characterCount() - 1;
-        if (hoch && c.position() > Zeichenschritt)
-            c.setPosition(c.position() - Zeichenschritt);
-        else if (!hoch && laenge - Zeichenschritt > c.position())
-            c.setPosition(c.position() + Zeichenschritt);
-        else
-            return;
-        text->setTextCursor(c);
-        text->ensureCursorVisible();
+        caretSchritt(text, hoch);
     } else if (auto* plain = qobject_cast<QPlainTextEdit*>(w)) {
-        QTextCursor c = plain->textCursor();
-        const int laenge = plain->document()->characterCount() - 1;
-        if (hoch && c.position() > Zeichenschritt)
-            c.setPosition(c.position() - Zeichenschritt);
-        else if (!hoch && laenge - Zeichenschritt > c.position())
-            c.setPosition(c.position() + Zeichenschritt);
-        else
-            return;
-        plain->setTextCursor(c);
-        plain->ensureCursorVisible();
+        caretSchritt(plain, hoch);
     }
 }
 

@@ -4,8 +4,19 @@
 #include <QDir>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPushButton>
 
 #include <algorithm>
+
+QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp)
+{
+    auto* k = new QPushButton(text, eltern);
+    k->setObjectName(name);
+    k->setAutoDefault(false);
+    if (!tipp.isEmpty())
+        k->setToolTip(tipp);
+    return k;
+}
 
 // ---- Dateiliste ----
 

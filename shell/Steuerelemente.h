@@ -11,6 +11,12 @@
 
 #include <vector>
 
+class QPushButton;
+
+// A command button of a dialog: named, with an optional tool tip, and not a default
+// button by itself (the dialog says which one is).
+QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp = {});
+
 // A file list: the files of one folder matching a pattern, sorted by name without
 // regard to case, several selectable at once.
 class Dateiliste : public QListWidget {
