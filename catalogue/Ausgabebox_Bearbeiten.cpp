@@ -47,7 +47,7 @@ void Ausgabebox::NeuerTextFormatieren(QTextEdit* text)
     format.setFontItalic(StandardFontItalic);
     format.setFontStrikeOut(StandardFontStrikethru);
     format.setFontUnderline(StandardFontUnderline);
-    format.setForeground(VBFarbe(StandardColor));
+    format.setForeground(NummerFarbe(StandardColor));
     text->setCurrentCharFormat(format);
     bool ok = false;
     const double rand = Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50")).toDouble(&ok);

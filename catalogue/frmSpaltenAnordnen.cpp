@@ -63,7 +63,7 @@ frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
     setWindowTitle(QStringLiteral("Tabellenspalten anordnen"));
     setFarbverlauf(Farbe::VerlaufEnde, Farbe::StandardHintergrund, VerlaufSenkrecht);
     QPalette p = palette();
-    p.setColor(QPalette::WindowText, VBFarbe(Farbe::StandardText));
+    p.setColor(QPalette::WindowText, NummerFarbe(Farbe::StandardText));
     setPalette(p);
 
     lstTabelle = liste(this, QStringLiteral("lstTabelle"));

@@ -23,7 +23,7 @@ Ausschlussfenster::Ausschlussfenster(QWidget* eltern, QListWidget* liste, const 
 {
     setFarbverlauf(Farbe::VerlaufEnde, Farbe::StandardHintergrund, VerlaufSenkrecht);
     QPalette p = palette();
-    p.setColor(QPalette::WindowText, VBFarbe(Farbe::StandardText));
+    p.setColor(QPalette::WindowText, NummerFarbe(Farbe::StandardText));
     setPalette(p);
 
     m_liste->setParent(this);

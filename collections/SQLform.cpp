@@ -40,7 +40,7 @@ SQLform::SQLform(QWidget* eltern)
     setWindowTitle(QStringLiteral("SQL-Anweisung"));
     setSizeGripEnabled(true);
     QPalette p = palette();
-    p.setColor(QPalette::WindowText, VBFarbe(Farbe::StandardText));
+    p.setColor(QPalette::WindowText, NummerFarbe(Farbe::StandardText));
     setPalette(p);
 
     TextSQL = new Textfeld(this);

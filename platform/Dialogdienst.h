@@ -62,7 +62,7 @@ public:
 // The global answer of the last message box, cleared before every box.
 extern QString MsgAntwort;
 
-// Shorthands with the argument order of the description.
+// Shorthands in the argument order the windows call them with.
 QString MsgNimb(const QString& text, int typ, int standard, const QString& titel, int sekunden,
                 qint64 hintergrund = -1, qint64 textfarbe = -1);
 QString InputNimb(const QString& prompt, const QString& titel, const QString& vorgabe = {},

@@ -1,5 +1,5 @@
 #pragma once
-// Twips and the blue-green-red colour numbers of the settings and the descriptions.
+// Twips and the blue-green-red colour numbers that the settings and the windows use.
 #include <QColor>
 #include <QtGlobal>
 
@@ -18,11 +18,11 @@ inline int Px(double twips) { return qRound(twips / TwipsProPixel); }
 inline int Twips(int pixel) { return pixel * TwipsProPixel; }
 
 // A colour number: red = v & 255, green = (v >> 8) & 255, blue = (v >> 16) & 255.
-inline QColor VBFarbe(qint64 v)
+inline QColor NummerFarbe(qint64 v)
 {
     return QColor(int(v & 255), int((v >> 8) & 255), int((v >> 16) & 255));
 }
-inline qint64 VBFarbwert(const QColor& c)
+inline qint64 FarbNummer(const QColor& c)
 {
     return qint64(c.red()) | (qint64(c.green()) << 8) | (qint64(c.blue()) << 16);
 }

@@ -29,7 +29,7 @@ frmUhrzeit::frmUhrzeit(QWidget* eltern)
 {
     setObjectName(QStringLiteral("frmUhrzeit"));
     QPalette p = palette();
-    p.setColor(QPalette::WindowText, VBFarbe(Farbe::StandardText));
+    p.setColor(QPalette::WindowText, NummerFarbe(Farbe::StandardText));
     setPalette(p);
 
     const char* beschriftung[] = {"Std.", "Min."};

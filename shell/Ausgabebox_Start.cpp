@@ -239,7 +239,7 @@ void Ausgabebox::RegistryLesen()
     rtfLinks->setFont(linkSchrift);
     QTextCharFormat linkFormat;
     linkFormat.setFont(linkSchrift);
-    linkFormat.setForeground(VBFarbe(0xFF0000));
+    linkFormat.setForeground(NummerFarbe(0xFF0000));
     rtfLinks->setCurrentCharFormat(linkFormat);
     QTextBlockFormat einzug;
     einzug.setLeftMargin(Px(50));

@@ -75,7 +75,7 @@ bool IstSystemfarbe(qint64 farbe)
 QColor FarbeAusNummer(qint64 farbe, const QPalette& palette)
 {
     if (!IstSystemfarbe(farbe))
-        return VBFarbe(farbe);
+        return NummerFarbe(farbe);
     const Systemrolle r = RolleFuerIndex(quint32(farbe) & 0x00FFFFFFu);
     return palette.color(r.gruppe, r.rolle);
 }

@@ -60,12 +60,12 @@ private slots:
 
     void farbenUndTwips()
     {
-        QCOMPARE(VBFarbe(16050915).name(), QString("#e3eaf4"));
-        QCOMPARE(VBFarbe(3482368).name(), QString("#002335"));
-        QCOMPARE(VBFarbe(12640511).name(), QString("#ffe0c0"));
-        QCOMPARE(VBFarbe(12632319).name(), QString("#ffc0c0"));
-        QCOMPARE(VBFarbe(14600621).name(), QString("#adc9de"));
-        QCOMPARE(VBFarbwert(QColor("#e3eaf4")), qint64(16050915));
+        QCOMPARE(NummerFarbe(16050915).name(), QString("#e3eaf4"));
+        QCOMPARE(NummerFarbe(3482368).name(), QString("#002335"));
+        QCOMPARE(NummerFarbe(12640511).name(), QString("#ffe0c0"));
+        QCOMPARE(NummerFarbe(12632319).name(), QString("#ffc0c0"));
+        QCOMPARE(NummerFarbe(14600621).name(), QString("#adc9de"));
+        QCOMPARE(FarbNummer(QColor("#e3eaf4")), qint64(16050915));
         QCOMPARE(Px(15225), 1015);
         QCOMPARE(Twips(1015), 15225);
     }
