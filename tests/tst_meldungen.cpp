@@ -21,6 +21,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Zeilen(int n)
@@ -33,13 +35,8 @@ QString Zeilen(int n)
 
 Meldung M(const QString& text, int typ = 0, int standard = 0, int sekunden = 0)
 {
-    Meldung m;
-    m.text = text;
-    m.typ = typ;
-    m.standard = standard;
-    m.titel = QStringLiteral("Titel");
-    m.sekunden = sekunden;
-    return m;
+    return {
+        .text = text, .typ = typ, .standard = standard, .titel = u"Titel"_s, .sekunden = sekunden};
 }
 
 QPushButton* Knopf(QWidget* box, int i)
@@ -74,6 +71,17 @@ void Waehrenddessen(std::function<void()> schritte)
     });
 }
 
+// Works the file dialog once it is open: the steps, then OK.
+void ImDateidialog(std::function<void(QFileDialog&)> schritte)
+{
+    Waehrenddessen([schritte] {
+        auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        QVERIFY(d);
+        schritte(*d);
+        static_cast<QDialog*>(d)->accept(); // public in QDialog
+    });
+}
+
 bool Nahe(const QColor& a, const QColor& b)
 {
     return qAbs(a.red() - b.red()) <= 1 && qAbs(a.green() - b.green()) <= 1
@@ -98,11 +106,11 @@ private slots:
             int zeilen, textHoehe, fensterHoehe;
             bool breit;
         };
+        // 30 lines are past the highest text box already.
         const QList<Fall> faelle = {
             {QString(), 1, 900, 1905, false},   {QStringLiteral("Eine Zeile."), 1, 900, 1905, false},
             {Zeilen(4), 4, 1040, 2440, false},  {Zeilen(10), 10, 2600, 4000, false},
             {Zeilen(11), 11, 2860, 4260, true}, {Zeilen(30), 30, 7700, 9100, true},
-            {Zeilen(45), 45, 7700, 9100, true},
         };
         for (const Fall& f : faelle) {
             frmMsgNimb box;
@@ -154,16 +162,16 @@ private slots:
         }
 
         // Each button answers with its word.
-        const QList<QPair<int, int>> typFuerKnopf = {{0, 0}, {1, 20}, {2, 20}, {3, 10},
-                                                     {4, 50}, {5, 40}, {6, 60}};
-        for (const auto& [index, typ] : typFuerKnopf) {
+        const QList<std::tuple<int, int, QString>> antworten = {
+            {0, 0, "Ok"},          {1, 20, "Ja"},          {2, 20, "Nein"},   {3, 10, "Exit"},
+            {4, 50, "Ignorieren"}, {5, 40, "Wiederholen"}, {6, 60, "Beenden"},
+        };
+        for (const auto& [index, typ, wort] : antworten) {
             frmMsgNimb box;
             box.Vorbereiten(M(QStringLiteral("Text"), typ));
             Waehrenddessen([&box, index = index] { QTest::mouseClick(Knopf(&box, index), Qt::LeftButton); });
-            QCOMPARE(box.Anzeigen(), QString::fromLatin1(frmMsgNimb::Antworten[index]));
+            QCOMPARE(box.Anzeigen(), wort);
         }
-        QCOMPARE(QStringList(frmMsgNimb::Antworten.begin(), frmMsgNimb::Antworten.end()),
-                 QStringList({"Ok", "Ja", "Nein", "Exit", "Ignorieren", "Wiederholen", "Beenden"}));
     }
 
     void symbolUndKlangNachEinern()
@@ -217,7 +225,7 @@ private slots:
         }
     }
 
-    void countdownSchliesstOhneAntwort()
+    void countdown()
     {
         FalscheUhr& uhr = Attrappen::uhr();
         frmMsgNimb box;
@@ -250,47 +258,26 @@ private slots:
             QVERIFY(!zweite.Timer->isEnabled());
         });
         QCOMPARE(zweite.Anzeigen(), QString("Ja"));
-    }
-
-    void sekundeEinsIstModalOhneCountdown()
-    {
-        frmMsgNimb box;
-        box.Vorbereiten(M(QStringLiteral("53 Datei nicht gefunden"), 3, 0, 1));
-        Waehrenddessen([&] {
-            QVERIFY(box.isModal());
-            QVERIFY(!box.Timer->isEnabled());
-            Attrappen::uhr().vorruecken(5000);
-            QVERIFY(box.isVisible());
-            QCOMPARE(box.windowTitle(), QString("Titel"));
-            QTest::mouseClick(Knopf(&box, 0), Qt::LeftButton);
-        });
-        QCOMPARE(box.Anzeigen(), QString("Ok"));
-    }
-
-    void schliessfeldUndEscGebenLeer()
-    {
-        frmMsgNimb box;
-        box.Vorbereiten(M(QStringLiteral("Frage"), 32, 1));
-        Waehrenddessen([&] { box.close(); });
-        QCOMPARE(box.Anzeigen(), QString());
-
-        frmMsgNimb zweite;
+        // Esc during the count-down, and the close box, answer with an empty text.
         zweite.Vorbereiten(M(QStringLiteral("Frage"), 32, 1, 4));
         Waehrenddessen([&] { QTest::keyClick(&zweite, Qt::Key_Escape); });
         QCOMPARE(zweite.Anzeigen(), QString());
-    }
+        zweite.Vorbereiten(M(QStringLiteral("Frage"), 32, 1));
+        Waehrenddessen([&] { zweite.close(); });
+        QCOMPARE(zweite.Anzeigen(), QString());
 
-    void farbenDerBox()
-    {
-        frmMsgNimb box;
-        box.Vorbereiten(M(QStringLiteral("Fehler"), 3, 0, 1));
-        QCOMPARE(box.palette().color(QPalette::Window), QColor("#e3eaf4"));
-        QCOMPARE(box.txtMsgText->palette().color(QPalette::Text), QColor("#002335"));
-        Meldung fehler = M(QStringLiteral("Fehler"), 3);
-        fehler.hintergrund = Farbe::FehlerHintergrund;
-        box.Vorbereiten(fehler);
-        QCOMPARE(box.txtMsgText->palette().color(QPalette::Base), QColor("#ffc0c0"));
-        QCOMPARE(box.palette().color(QPalette::WindowText), QColor("#002335"));
+        // One second: a modal box without count-down, as the error messages use it.
+        frmMsgNimb fehler;
+        fehler.Vorbereiten(M(QStringLiteral("53 Datei nicht gefunden"), 3, 0, 1));
+        Waehrenddessen([&] {
+            QVERIFY(fehler.isModal());
+            QVERIFY(!fehler.Timer->isEnabled());
+            uhr.vorruecken(5000);
+            QVERIFY(fehler.isVisible());
+            QCOMPARE(fehler.windowTitle(), QString("Titel"));
+            QTest::mouseClick(Knopf(&fehler, 0), Qt::LeftButton);
+        });
+        QCOMPARE(fehler.Anzeigen(), QString("Ok"));
     }
 
     void inputNimb()
@@ -318,18 +305,16 @@ private slots:
             });
             QCOMPARE(box.Anzeigen(), QString("Größe"));
         }
-        for (const char* weg : {"exit", "esc", "schliessen"}) {
+        // Exit, Esc and the close box answer with an empty text.
+        const std::function<void(frmInputNimb&)> wege[] = {
+            [](frmInputNimb& b) { QTest::mouseClick(b.cmdExit, Qt::LeftButton); },
+            [](frmInputNimb& b) { QTest::keyClick(&b, Qt::Key_Escape); },
+            [](frmInputNimb& b) { b.close(); },
+        };
+        for (const auto& weg : wege) {
             frmInputNimb box;
             box.Vorbereiten({QStringLiteral("Name:"), QStringLiteral("T"), QStringLiteral("Wert")});
-            const QByteArray art(weg);
-            Waehrenddessen([&] {
-                if (art == "exit")
-                    QTest::mouseClick(box.cmdExit, Qt::LeftButton);
-                else if (art == "esc")
-                    QTest::keyClick(&box, Qt::Key_Escape);
-                else
-                    box.close();
-            });
+            Waehrenddessen([&] { weg(box); });
             QCOMPARE(box.Anzeigen(), QString());
         }
         // A long prompt makes the box taller rather than cutting it off.
@@ -389,57 +374,40 @@ private slots:
         DateiSchreiben(ordner + "a.db", "x");
         DateiSchreiben(ordner + "b.db", "x");
 
-        Dateiauswahl oeffnen{QStringLiteral("Datenbank öffnen"),
-                             QStringLiteral("alle Dateien (*.*)|*.*|Datenbank (*.db)|*.db"),
+        Dateiauswahl oeffnen{u"Datenbank öffnen"_s, u"alle Dateien (*.*)|*.*|Datenbank (*.db)|*.db"_s,
                              QString(), ordner, 2, false, false};
-        Waehrenddessen([&] {
-            auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(d);
-            QCOMPARE(d->windowTitle(), QString("Datenbank öffnen"));
-            QCOMPARE(d->nameFilters(), QStringList({"alle Dateien (*)", "Datenbank (*.db)"}));
-            QCOMPARE(d->selectedNameFilter(), QString("Datenbank (*.db)"));
-            QCOMPARE(QDir(d->directory()).canonicalPath(), QDir(ordner).canonicalPath());
-            QCOMPARE(d->acceptMode(), QFileDialog::AcceptOpen);
-            d->selectFile(ordner + "b.db");
-            static_cast<QDialog*>(d)->accept(); // public in QDialog
+        ImDateidialog([&](QFileDialog& d) {
+            QCOMPARE(d.windowTitle(), u"Datenbank öffnen"_s);
+            QCOMPARE(d.nameFilters(), QStringList({"alle Dateien (*)", "Datenbank (*.db)"}));
+            QCOMPARE(d.selectedNameFilter(), u"Datenbank (*.db)"_s);
+            QCOMPARE(QDir(d.directory()).canonicalPath(), QDir(ordner).canonicalPath());
+            QCOMPARE(d.acceptMode(), QFileDialog::AcceptOpen);
+            d.selectFile(ordner + "b.db");
         });
         QCOMPARE(dienst.Datei(oeffnen), ordner + "b.db");
 
-        Dateiauswahl speichern{QStringLiteral("Speichern"),
-                               QStringLiteral("Datenbank (*.db)|*.db|alle Dateien (*.*)|*.*"),
-                               QStringLiteral("Neu"), ordner, 1, true, false};
-        Waehrenddessen([&] {
-            auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(d);
-            QCOMPARE(d->acceptMode(), QFileDialog::AcceptSave);
-            static_cast<QDialog*>(d)->accept(); // public in QDialog
-        });
+        // Saving adds the extension of the chosen filter.
+        Dateiauswahl speichern{u"Speichern"_s, u"Datenbank (*.db)|*.db|alle Dateien (*.*)|*.*"_s,
+                               u"Neu"_s, ordner, 1, true, false};
+        ImDateidialog([](QFileDialog& d) { QCOMPARE(d.acceptMode(), QFileDialog::AcceptSave); });
         QCOMPARE(dienst.Datei(speichern), ordner + "Neu.db");
 
+        // Several files come back one a line; a cancel as an empty text.
         Dateiauswahl mehrere = oeffnen;
         mehrere.mehrfach = true;
-        Waehrenddessen([&] {
-            auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(d);
-            QCOMPARE(d->fileMode(), QFileDialog::ExistingFiles);
-            auto* zeile = d->findChild<QLineEdit*>("fileNameEdit");
+        ImDateidialog([](QFileDialog& d) {
+            QCOMPARE(d.fileMode(), QFileDialog::ExistingFiles);
+            auto* zeile = d.findChild<QLineEdit*>("fileNameEdit");
             QVERIFY(zeile);
             zeile->setText("\"a.db\" \"b.db\"");
-            static_cast<QDialog*>(d)->accept(); // public in QDialog
         });
         QCOMPARE(dienst.Datei(mehrere), ordner + "a.db\n" + ordner + "b.db");
-
         Waehrenddessen([&] { QApplication::activeModalWidget()->close(); });
         QCOMPARE(dienst.Datei(oeffnen), QString());
 
         // The folder comes back with its trailing "/", a cancel as an empty text.
         QDir().mkpath(ordner + "Musik");
-        Waehrenddessen([&] {
-            auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(d);
-            d->selectFile(ordner + "Musik");
-            static_cast<QDialog*>(d)->accept(); // public in QDialog
-        });
+        ImDateidialog([&](QFileDialog& d) { d.selectFile(ordner + "Musik"); });
         QCOMPARE(dienst.Ordner("Ordner", ordner), ordner + "Musik/");
         Waehrenddessen([&] { QApplication::activeModalWidget()->close(); });
         QCOMPARE(dienst.Ordner("Ordner", ordner), QString());
@@ -482,8 +450,20 @@ private slots:
         Attrappen::installieren();
     }
 
-    void farbverlauf()
+    void farben()
     {
+        // The box's own colours, and the error background behind the text.
+        frmMsgNimb box;
+        box.Vorbereiten(M(QStringLiteral("Fehler"), 3, 0, 1));
+        QCOMPARE(box.palette().color(QPalette::Window), QColor("#e3eaf4"));
+        QCOMPARE(box.txtMsgText->palette().color(QPalette::Text), QColor("#002335"));
+        Meldung fehler = M(QStringLiteral("Fehler"), 3);
+        fehler.hintergrund = Farbe::FehlerHintergrund;
+        box.Vorbereiten(fehler);
+        QCOMPARE(box.txtMsgText->palette().color(QPalette::Base), QColor("#ffc0c0"));
+        QCOMPARE(box.palette().color(QPalette::WindowText), QColor("#002335"));
+
+        // The gradient runs from top to bottom, or from left to right.
         VerlaufFenster fenster;
         fenster.resize(200, 100);
         QImage bild = fenster.grab().toImage();
@@ -491,8 +471,6 @@ private slots:
         QVERIFY(Nahe(bild.pixelColor(100, 99), QColor("#adcade")));
         QVERIFY(Nahe(bild.pixelColor(0, 50), bild.pixelColor(199, 50)));
         QVERIFY(!Nahe(bild.pixelColor(100, 50), bild.pixelColor(100, 0)));
-
-        // The other way round, from left to right.
         fenster.setFarbverlauf(Farbe::VerlaufEnde, Farbe::StandardHintergrund, VerlaufWaagerecht);
         bild = fenster.grab().toImage();
         QVERIFY(Nahe(bild.pixelColor(0, 50), QColor("#adcade")));
@@ -504,18 +482,13 @@ private slots:
         flaeche.resize(120, 60);
         FarbverlaufSetzen(&flaeche, 255, 16711680);
         bild = flaeche.grab().toImage();
-        QVERIFY(Nahe(bild.pixelColor(60, 0), Qt::red));
-        QVERIFY(Nahe(bild.pixelColor(60, 59), Qt::blue));
+        QVERIFY(Nahe(bild.pixelColor(60, 0), Qt::red) && Nahe(bild.pixelColor(60, 59), Qt::blue));
         FarbverlaufSetzen(&flaeche, 65280, 65280, VerlaufWaagerecht);
         QVERIFY(Nahe(flaeche.grab().toImage().pixelColor(60, 30), Qt::green));
-    }
 
-    void systemfarben()
-    {
-        QVERIFY(IstSystemfarbe(0x8000000F));
-        QVERIFY(IstSystemfarbe(-2147483633)); // the same number as a signed 32-bit value
-        QVERIFY(!IstSystemfarbe(Farbe::StandardHintergrund));
-        QVERIFY(!IstSystemfarbe(0xC000000F));
+        // System colours, also as signed 32-bit numbers, come from the palette.
+        QVERIFY(IstSystemfarbe(0x8000000F) && IstSystemfarbe(-2147483633));
+        QVERIFY(!IstSystemfarbe(Farbe::StandardHintergrund) && !IstSystemfarbe(0xC000000F));
         QPalette pal;
         pal.setColor(QPalette::Button, QColor("#123456"));
         pal.setColor(QPalette::Base, QColor("#fedcba"));
@@ -523,13 +496,11 @@ private slots:
         QCOMPARE(FarbeAusNummer(-2147483633, pal), QColor("#123456"));
         QCOMPARE(FarbeAusNummer(0x80000005, pal), QColor("#fedcba"));
         QCOMPARE(FarbeAusNummer(Farbe::WarnHintergrund, pal), QColor("#ffe0c0"));
-
         // A window painting the button face gets the colour its palette has now.
-        VerlaufFenster fenster;
         fenster.resize(50, 50);
         fenster.setPalette(pal);
         fenster.setFarbverlauf(0x8000000F, 0x80000005);
-        const QImage bild = fenster.grab().toImage();
+        bild = fenster.grab().toImage();
         QVERIFY(Nahe(bild.pixelColor(25, 0), QColor("#123456")));
         QVERIFY(Nahe(bild.pixelColor(25, 49), QColor("#fedcba")));
     }

@@ -14,15 +14,16 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-QFont Standard() { return QFont(QStringLiteral("Segoe UI"), 12); }
+QFont Standard() { return QFont(u"Segoe UI"_s, 12); }
 
 QString R(const char* koerper)
 {
-    return QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}"
-                          "{\\f1\\fnil\\fcharset0 Courier New;}}"
-                          "{\\colortbl ;\\red255\\green0\\blue0;\\red0\\green128\\blue0;}")
+    return u"{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}{\\f1\\fnil\\fcharset0 Courier New;}}"
+           "{\\colortbl ;\\red255\\green0\\blue0;\\red0\\green128\\blue0;}"_s
         + QString::fromUtf8(koerper) + u'}';
 }
 
@@ -34,10 +35,9 @@ QTextCharFormat Fmt(const QTextDocument& d, int pos)
     return c.charFormat();
 }
 
-QTextBlockFormat Absatz(const QTextDocument& d, int nummer)
-{
-    return d.findBlockByNumber(nummer).blockFormat();
-}
+QTextBlockFormat Absatz(const QTextDocument& d, int nummer) { return d.findBlockByNumber(nummer).blockFormat(); }
+
+QString Familie(const QTextCharFormat& f) { return f.fontFamilies().toStringList().value(0); }
 
 int Tw(qreal pixel) { return qRound(pixel * 15); }
 
@@ -65,7 +65,6 @@ const char* const k_editor = R"RTF({\rtf1\ansi\ansicpg1252\deff0\nouicompat\defl
 \pard\sa200\sl276\slmult1\f0\fs22 Seite A: \i M\'e4rchenstunde\i0  \endash  aufgenommen in K\'f6ln, \'dcberspielung 1978 f\'fcr 20\'80.\par
 {\pict{\*\picprop}\wmetafile8\picw2117\pich1270\picwgoal1200\pichgoal720 
 0100090000035000000000002700000000000400000003010800050000000b0200000000050000
-000c02d004d004030000001e000400000007010400040000000701040027000000
 }\par
 {\pntext\f1\'B7\tab}{\*\pn\pnlvlblt\pnf1\pnindent0{\pntxtb\'B7}}\fi-360\li720\sa200\sl276\slmult1 Erster Titel mit \cf2\ul Bl\'e4sern\cf0\ulnone\par
 {\pntext\f1\'B7\tab}Zweiter Titel \u8222?Anf\'fchrung\u8220?\par
@@ -74,63 +73,59 @@ const char* const k_editor = R"RTF({\rtf1\ansi\ansicpg1252\deff0\nouicompat\defl
 }
 )RTF";
 
-// A text as a common word processor of the office family writes it.
-const char* const k_buero = R"RTF({\rtf1\adeflang1025\ansi\ansicpg1252\uc1\adeff31507\deff0\stshfdbch31505\stshfloch31506\stshfhich31506\stshfbi31507\deflang1031\deflangfe1031\themelang1031{\fonttbl{\f0\fbidi \froman\fcharset0\fprq2{\*\panose 02020603050405020304}Times New Roman;}{\f3\fbidi \froman\fcharset2\fprq2{\*\panose 05050102010706020507}Symbol;}
-{\f37\fbidi \fswiss\fcharset0\fprq2{\*\panose 020f0502020204030204}Calibri{\*\falt Arial};}{\flomajor\f31500\fbidi \froman\fcharset0\fprq2{\*\panose 02020603050405020304}Times New Roman;}}
-{\colortbl;\red0\green0\blue0;\red0\green0\blue255;\red0\green255\blue255;}
-{\*\defchp \f31506\fs22\lang1031\langfe1033 }{\*\defpap \ql \li0\ri0\sa160\sl259\slmult1\widctlpar\wrapdefault\aspalpha\aspnum\faauto\adjustright\rin0\lin0\itap0 }
-\noqfpromote {\stylesheet{\ql \li0\ri0\sa160\sl259\slmult1\widctlpar\wrapdefault\aspalpha\aspnum\faauto\adjustright\rin0\lin0\itap0 \rtlch\fcs1 \af31507\afs22\alang1025 \ltrch\fcs0 \f31506\fs22\lang1031\langfe1033\cgrid\langnp1031\langfenp1033 \snext0 \sqformat \spriority0 Normal;}{\*\cs10 \additive \ssemihidden \sunhideused \spriority1 Default Paragraph Font;}}
-{\*\listtable{\list\listtemplateid-1616226034\listhybrid{\listlevel\levelnfc23\levelnfcn23\leveljc0\leveljcn0\levelfollow0\levelstartat1\levelspace0\levelindent0{\leveltext\leveltemplateid67567617\'01\uf0b7;}{\levelnumbers;}\f3\fbias0 \fi-360\li720\lin720 }{\listname ;}\listid1178420540}}
-{\*\listoverridetable{\listoverride\listid1178420540\listoverridecount0\ls1}}{\*\rsidtbl \rsid1602283\rsid5250433}{\mmathPr\mmathFont34\mbrkBin0\mbrkBinSub0\msmallFrac0\mdispDef1\mlMargin0\mrMargin0\mdefJc1\mwrapIndent1440\mintLim0\mnaryLim1}{\info{\author Rita Sammler}{\operator Rita Sammler}{\creatim\yr2023\mo5\dy4\hr10\min12}{\version2}}{\*\xmlnstbl {\xmlns1 http://schemas.microsoft.com/office/word/2003/wordml}}
-\paperw11906\paperh16838\margl1417\margr1417\margt1417\margb1134\gutter0\ltrsect
-\widowctrl\ftnbj\aenddoc\hyphhotz425\trackmoves0\trackformatting1\donotembedsysfont1\relyonvml0\donotembedlingdata0\grfdocevents0\validatexml1\showplaceholdtext0\ignoremixedcontent0\saveinvalidxml0\showxmlerrors1\noxlattoyen
-{\*\docvar {__Grammarly}{true}}{\*\ftnsep \ltrpar \pard\plain \ltrpar\ql \li0\ri0\widctlpar\wrapdefault\aspalpha\aspnum\faauto\adjustright\rin0\lin0\itap0 \rtlch\fcs1 \af31507\afs22\alang1025 \ltrch\fcs0 \f31506\fs22\lang1031\langfe1033\cgrid\langnp1031\langfenp1033 {\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid1602283 \chftnsep \par }}
-\sectd \ltrsect\linex0\headery708\footery708\colsx708\endnhere\sectlinegrid360\sectdefaultcl\sftnbj {\header \ltrpar \pard\plain Kopfzeile der Sammlung\par }{\*\pnseclvl1\pnucrm\pnstart1\pnindent720\pnhang {\pntxta .}}
-\pard\plain \ltrpar\ql \li0\ri0\sa160\sl259\slmult1\widctlpar\wrapdefault\aspalpha\aspnum\faauto\adjustright\rin0\lin0\itap0\pararsid5250433 \rtlch\fcs1 \af31507\afs22\alang1025 \ltrch\fcs0 \f37\fs22\lang1031\langfe1033\cgrid\langnp1031\langfenp1033 {\rtlch\fcs1 \af31507 \ltrch\fcs0 \b\insrsid5250433 Kammermusik f\'fcr Fl\'f6te}{\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433  \endash  Einspielung aus Gro\'df}{\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433 \hich\af37\dbch\af31505\loch\f37 e}{\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433  N\'e4he.
-\par {\listtext\pard\plain\ltrpar \rtlch\fcs1 \af0\afs22 \ltrch\fcs0 \f3\fs22\insrsid5250433 \loch\af3\dbch\af31505\hich\f3 \'b7\tab}}\pard \ltrpar\ql \fi-360\li720\ri0\sa160\sl259\slmult1\widctlpar\wrapdefault\aspalpha\aspnum\faauto\ls1\adjustright\rin0\lin720\itap0\pararsid5250433\contextualspace {\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433 Sonate in a-Moll}{\footnote \ltrpar \pard\plain Fu\'dfnote nicht im Text\par}
-\par {\listtext\pard\plain\ltrpar \rtlch\fcs1 \af0\afs22 \ltrch\fcs0 \f3\fs22\insrsid5250433 \loch\af3\dbch\af31505\hich\f3 \'b7\tab}Partita {\*\bkmkstart Anker}Nr.{\*\bkmkend Anker} 2 mit {\v versteckt}\'c4nderung
-\par \pard \ltrpar\qr \li0\ri0\sa160\sl259\slmult1\widctlpar\wrapdefault\aspalpha\aspnum\faauto\adjustright\rin0\lin0\itap0\pararsid5250433 {\rtlch\fcs1 \af31507 \ltrch\fcs0 \cf2\insrsid5250433 Rechts }{\field\fldedit{\*\fldinst {\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433  HYPERLINK "mailto:rita@beispiel.example" }}{\fldrslt {\rtlch\fcs1 \af31507 \ltrch\fcs0 \cs15\ul\cf17\insrsid5250433 Schreiben}}}\sectd \ltrsect\linex0\endnhere\sectlinegrid360\sectdefaultcl\sftnbj {\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433 
-\par }{\*\themedata 504b030414000600080000002100e9de0fbfff0000001c020000130000005b436f6e74656e745f54797065735d2e78}
-{\*\colorschememapping 3c3f786d6c2076657273696f6e3d22312e302220656e636f64696e673d225554462d3822207374616e64616c6f6e653d22796573223f3e}
-{\*\latentstyles\lsdstimax376\lsdlockeddef0\lsdsemihiddendef0{\lsdlockedexcept \lsdqformat1 \lsdpriority0 \lsdlocked0 Normal;}}{\*\datastore 01050000020000001800000}}
+// A text as a common word processor of the office family writes it: the document's
+// tables, styles, lists, header, footnote, bookmark, hidden text and data stores around a
+// few paragraphs.
+const char* const k_buero = R"RTF({\rtf1\adeflang1025\ansi\ansicpg1252\uc1\adeff31507\deff0\stshfdbch31505\deflang1031\themelang1031{\fonttbl{\f0\fbidi \froman\fcharset0\fprq2{\*\panose 02020603050405020304}Times New Roman;}{\f3\fbidi \froman\fcharset2\fprq2{\*\panose 05050102010706020507}Symbol;}
+{\f37\fbidi \fswiss\fcharset0\fprq2{\*\panose 020f0502020204030204}Calibri{\*\falt Arial};}{\flomajor\f31500\fbidi \froman\fcharset0\fprq2 Times New Roman;}}{\colortbl;\red0\green0\blue0;\red0\green0\blue255;}
+{\*\defchp \f31506\fs22\lang1031 }{\*\defpap \ql \li0\ri0\sa160\sl259\slmult1\widctlpar }\noqfpromote {\stylesheet{\ql \li0\ri0\sa160\sl259\slmult1 \f31506\fs22\lang1031 \snext0 \sqformat \spriority0 Normal;}{\*\cs10 \additive \ssemihidden Default Paragraph Font;}}
+{\*\listtable{\list\listtemplateid-1616226034\listhybrid{\listlevel\levelnfc23\levelnfcn23\leveljc0\levelfollow0\levelstartat1{\leveltext\leveltemplateid67567617\'01\uf0b7;}{\levelnumbers;}\f3\fbias0 \fi-360\li720\lin720 }{\listname ;}\listid1178420540}}
+{\*\listoverridetable{\listoverride\listid1178420540\listoverridecount0\ls1}}{\*\rsidtbl \rsid1602283\rsid5250433}{\mmathPr\mmathFont34\mbrkBin0}{\info{\author Rita Sammler}{\creatim\yr2023\mo5\dy4\hr10\min12}{\version2}}{\*\xmlnstbl {\xmlns1 http://schemas.microsoft.com/office/word/2003/wordml}}
+\paperw11906\paperh16838\margl1417\widowctrl\ftnbj\aenddoc\noxlattoyen{\*\docvar {__Grammarly}{true}}{\*\ftnsep \ltrpar \pard\plain \ltrpar\ql \li0\ri0\widctlpar {\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid1602283 \chftnsep \par }}
+\sectd \ltrsect\linex0\headery708\endnhere\sectlinegrid360 {\header \ltrpar \pard\plain Kopfzeile der Sammlung\par }{\*\pnseclvl1\pnucrm\pnstart1\pnindent720\pnhang {\pntxta .}}
+\pard\plain \ltrpar\ql \li0\ri0\sa160\sl259\slmult1\widctlpar\itap0\pararsid5250433 \rtlch\fcs1 \af31507\afs22\alang1025 \ltrch\fcs0 \f37\fs22\lang1031\langfe1033 {\rtlch\fcs1 \af31507 \ltrch\fcs0 \b\insrsid5250433 Kammermusik f\'fcr Fl\'f6te}{\insrsid5250433  \endash  Einspielung aus Gro\'df}{\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433 \hich\af37\dbch\af31505\loch\f37 e}{\insrsid5250433  N\'e4he.
+\par {\listtext\pard\plain\ltrpar \rtlch\fcs1 \af0\afs22 \ltrch\fcs0 \f3\fs22\insrsid5250433 \loch\af3\dbch\af31505\hich\f3 \'b7\tab}}\pard \ltrpar\ql \fi-360\li720\ri0\sa160\sl259\slmult1\widctlpar\ls1\adjustright\rin0\lin720\itap0\contextualspace {\insrsid5250433 Sonate in a-Moll}{\*\shppict{\pict{\*\picprop}\picw100\pich100\pngblip 89504e470d0a1a0a}}{\footnote \ltrpar \pard\plain Fu\'dfnote nicht im Text\par}
+\par {\listtext\pard\plain\ltrpar \f3\fs22 \'b7\tab}Partita {\*\bkmkstart Anker}Nr.{\*\bkmkend Anker} 2 mit {\v versteckt}\'c4nderung
+\par \pard \ltrpar\qr \li0\ri0\sa160\sl259\slmult1\widctlpar\itap0 {\rtlch\fcs1 \af31507 \ltrch\fcs0 \cf2\insrsid5250433 Rechts \u8222\'84oben\u8220\'93 }{\field\fldedit{\*\fldinst {\rtlch\fcs1 \af31507 \ltrch\fcs0 \insrsid5250433  HYPERLINK "mailto:rita@beispiel.example" }}{\fldrslt {\rtlch\fcs1 \af31507 \ltrch\fcs0 \cs15\ul\cf17\insrsid5250433 Schreiben}}}\sectd \ltrsect\linex0\endnhere {\insrsid5250433 
+\par }{\*\themedata 504b030414000600080000002100e9de0fbfff0000001c020000}{\*\colorschememapping 3c3f786d6c2076657273696f6e3d22312e30}
+{\*\latentstyles\lsdstimax376\lsdlockeddef0{\lsdlockedexcept \lsdqformat1 \lsdpriority0 \lsdlocked0 Normal;}}{\*\datastore 01050000020000001800000}}
 )RTF";
 
-// Documents of the round trip: built with the document's own means.
+// Documents of the round trip: built with the document's own means, as the pane builds them.
 std::vector<std::function<void(QTextDocument&)>> Bauplaene()
 {
     using F = std::function<void(QTextDocument&)>;
     return {
         [](QTextDocument&) {}, // empty
-        [](QTextDocument& d) { QTextCursor(&d).insertText(QStringLiteral(" ")); },
+        [](QTextDocument& d) { QTextCursor(&d).insertText(u" "_s); },
         [](QTextDocument& d) {
             QTextCursor c(&d);
-            QTextCharFormat f;
-            c.insertText(QStringLiteral("Grüße aus Köln: Ä Ö Ü ä ö ü ß € „zitiert“ – Łódź 😀 {x} \\y\tz"), f);
-            c.insertText(QString(QChar(0x2028)) + QStringLiteral("nächste Zeile"));
+            c.insertText(u"Grüße aus Köln: Ä Ö Ü ä ö ü ß € „zitiert“ – Łódź 😀 {x} \\y\tz"_s + QChar(0x2028) + u"nächste Zeile"_s);
             c.insertBlock();
             c.insertBlock(); // an empty paragraph in between
+            QTextCharFormat f;
             f.setFontWeight(QFont::Bold);
-            c.insertText(QStringLiteral("fett"), f);
+            c.insertText(u"fett"_s, f);
             f.setFontItalic(true);
             f.setFontUnderline(true);
-            c.insertText(QStringLiteral(" kursiv"), f);
+            c.insertText(u" kursiv"_s, f);
             f = QTextCharFormat();
             f.setFontStrikeOut(true);
             f.setForeground(QColor(200, 10, 20));
             f.setFontPointSize(18.5);
-            f.setFontFamilies({QStringLiteral("Courier New")});
-            c.insertText(QStringLiteral(" durch"), f);
+            f.setFontFamilies({u"Courier New"_s});
+            c.insertText(u" durch"_s, f);
             f = QTextCharFormat();
             f.setBackground(QColor(255, 255, 0));
-            c.insertText(QStringLiteral(" markiert"), f);
+            c.insertText(u" markiert"_s, f);
             f = QTextCharFormat();
             RtfVersatzSetzen(f, 30, 12);
-            c.insertText(QStringLiteral("hoch"), f);
+            c.insertText(u"hoch"_s, f);
             RtfVersatzSetzen(f, -30, 12);
-            c.insertText(QStringLiteral("tief"), f);
+            c.insertText(u"tief"_s, f);
             f = QTextCharFormat();
             f.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
-            c.insertText(QStringLiteral("2"), f);
+            c.insertText(u"2"_s, f);
         },
         [](QTextDocument& d) {
             QTextCursor c(&d);
@@ -140,59 +135,56 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
             b.setTextIndent(-7 / 15.0);
             b.setAlignment(Qt::AlignHCenter);
             c.setBlockFormat(b);
-            c.insertText(QStringLiteral("eingerückt und zentriert"));
+            c.insertText(u"eingerückt und zentriert"_s);
             b = QTextBlockFormat();
             b.setAlignment(Qt::AlignRight);
             b.setTopMargin(4);
             b.setBottomMargin(13.3333);
             b.setLineHeight(115, QTextBlockFormat::ProportionalHeight);
             c.insertBlock(b);
-            c.insertText(QStringLiteral("rechts"));
+            c.insertText(u"rechts"_s);
             b.setAlignment(Qt::AlignJustify);
             b.setLineHeight(20, QTextBlockFormat::FixedHeight);
             c.insertBlock(b);
-            c.insertText(QStringLiteral("Blocksatz"));
+            c.insertText(u"Blocksatz"_s);
         },
         [](QTextDocument& d) {
+            // Each kind of list; two like lists in a row at the end.
             QTextCursor c(&d);
-            c.insertText(QStringLiteral("Titel"));
+            c.insertText(u"Titel"_s);
             c.insertBlock();
             c.createList(QTextListFormat::ListDisc);
-            c.insertText(QStringLiteral("eins"));
+            c.insertText(u"eins"_s);
             c.insertBlock();
-            c.insertText(QStringLiteral("zwei"));
+            c.insertText(u"zwei"_s);
             c.insertBlock(QTextBlockFormat());
-            c.insertText(QStringLiteral("dazwischen"));
+            c.insertText(u"dazwischen"_s);
             c.insertBlock();
             QTextListFormat lf;
             lf.setStyle(QTextListFormat::ListDecimal);
             lf.setIndent(2);
             c.createList(lf);
-            c.insertText(QStringLiteral("erstens"));
+            c.insertText(u"erstens"_s);
             c.insertBlock();
-            c.insertText(QStringLiteral("zweitens"));
-            c.insertBlock(QTextBlockFormat());
-            c.createList(QTextListFormat::ListUpperRoman);
-            c.insertText(QStringLiteral("römisch"));
-            c.insertBlock(QTextBlockFormat());
-            c.createList(QTextListFormat::ListLowerAlpha);
-            c.insertText(QStringLiteral("buchstabe"));
-            c.insertBlock(QTextBlockFormat());
-            c.createList(QTextListFormat::ListDisc); // two lists of one kind in a row
-            c.insertText(QStringLiteral("a"));
-            c.insertBlock(QTextBlockFormat());
-            c.createList(QTextListFormat::ListDisc);
-            c.insertText(QStringLiteral("b"));
+            c.insertText(u"zweitens"_s);
+            const QList<QPair<QTextListFormat::Style, QString>> weitere = {
+                {QTextListFormat::ListUpperRoman, u"römisch"_s}, {QTextListFormat::ListLowerAlpha, u"buchstabe"_s},
+                {QTextListFormat::ListDisc, u"a"_s},             {QTextListFormat::ListDisc, u"b"_s}};
+            for (const auto& [art, text] : weitere) {
+                c.insertBlock(QTextBlockFormat());
+                c.createList(art);
+                c.insertText(text);
+            }
         },
         [](QTextDocument& d) {
-            QFont f(QStringLiteral("Segoe UI"), 12);
+            QFont f(u"Segoe UI"_s, 12);
             f.setBold(true);
             d.setDefaultFont(f); // unset properties follow the document's font
             QTextCursor c(&d);
-            c.insertText(QStringLiteral("Standard fett"));
+            c.insertText(u"Standard fett"_s);
             QTextCharFormat g;
-            g.setFontFamilies({QStringLiteral("Schrift; mit {Klammer} und Ä")});
-            c.insertText(QStringLiteral(" fremd"), g);
+            g.setFontFamilies({u"Schrift; mit {Klammer} und Ä"_s});
+            c.insertText(u" fremd"_s, g);
             c.insertBlock();
             QTextCharFormat leer;
             leer.setFontPointSize(30);
@@ -202,12 +194,12 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
             QTextCursor c(&d);
             QTextCharFormat f;
             f.setFontPointSize(0.2); // below the smallest size
-            c.insertText(QStringLiteral("winzig"), f);
+            c.insertText(u"winzig"_s, f);
             f.setFontPointSize(5000);
-            c.insertText(QStringLiteral("riesig"), f);
+            c.insertText(u"riesig"_s, f);
             f.setFontPointSize(qQNaN());
             RtfVersatzSetzen(f, 1 << 30, 12);
-            c.insertText(QStringLiteral("kaputt"), f);
+            c.insertText(u"kaputt"_s, f);
             c.insertText(QString(QChar(0x0001)) + QChar(0xFFFC) + QChar(0x0080) + QChar(0x009F));
             QTextBlockFormat b;
             b.setLeftMargin(1e9);
@@ -215,7 +207,7 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
             b.setTopMargin(qInf());
             b.setLineHeight(qQNaN(), QTextBlockFormat::ProportionalHeight);
             c.insertBlock(b);
-            c.insertText(QStringLiteral("weit"));
+            c.insertText(u"weit"_s);
         },
         F([](QTextDocument& d) { RtfLesen(QString::fromLatin1(k_editor), &d, Standard()); }),
         F([](QTextDocument& d) { RtfLesen(QString::fromLatin1(k_buero), &d, Standard()); }),
@@ -226,17 +218,12 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
 QString Verderben(QString text, QRandomGenerator& z)
 {
     static const QStringList stuecke = {
-        QStringLiteral("{"), QStringLiteral("}"), QStringLiteral("\\"), QStringLiteral("\\'"),
-        QStringLiteral("\\u"), QStringLiteral("\\u-99999999999"), QStringLiteral("\\uc9"),
-        QStringLiteral("\\bin999999"), QStringLiteral("\\bin3 "), QStringLiteral("\\fs99999999999999999999"),
-        QStringLiteral("\\li-2147483648"), QStringLiteral("\\f77"), QStringLiteral("\\cf9999"),
-        QStringLiteral("\\par"), QStringLiteral("\\pard"), QStringLiteral("\\plain"), QStringLiteral("\\*"),
-        QStringLiteral("{\\*\\pn\\pnlvlblt"), QStringLiteral("{\\pntext"), QStringLiteral("\\ls3"),
-        QStringLiteral("{\\fonttbl"), QStringLiteral("{\\colortbl"), QStringLiteral("\\red999;"),
-        QStringLiteral("{\\pict "), QStringLiteral("\\up99999"), QStringLiteral("\\sl-99999\\slmult1"),
-        QStringLiteral("\\ansicpg932"), QStringLiteral("\\fcharset128"), QStringLiteral("\\'82\\'a0"),
-        QStringLiteral("\\abcdefghijklmnopqrstuvwxyzabcdefghijklmnop"), QStringLiteral("\\v"),
-        QString(QChar(0)), QString(QChar(0xD800)), QString(QChar(0x2029)), QString(QChar(0xFFFC)),
+        u"{"_s, u"}"_s, u"\\"_s, u"\\'"_s, u"\\u"_s, u"\\u-99999999999"_s, u"\\uc9"_s, u"\\bin999999"_s, u"\\bin3 "_s,
+        u"\\fs99999999999999999999"_s, u"\\li-2147483648"_s, u"\\f77"_s, u"\\cf9999"_s, u"\\par"_s, u"\\pard"_s,
+        u"\\plain"_s, u"\\*"_s, u"{\\*\\pn\\pnlvlblt"_s, u"{\\pntext"_s, u"\\ls3"_s, u"{\\fonttbl"_s, u"{\\colortbl"_s,
+        u"\\red999;"_s, u"{\\pict "_s, u"\\up99999"_s, u"\\sl-99999\\slmult1"_s, u"\\ansicpg932"_s, u"\\fcharset128"_s,
+        u"\\'82\\'a0"_s, u"\\abcdefghijklmnopqrstuvwxyzabcdefghijklmnop"_s, u"\\v"_s, QString(QChar(0)),
+        QString(QChar(0xD800)), QString(QChar(0x2029)), QString(QChar(0xFFFC)),
     };
     const int schritte = 1 + int(z.bounded(8));
     for (int s = 0; s < schritte && !text.isEmpty(); ++s) {
@@ -272,175 +259,140 @@ private slots:
     void lesenSchriftenUndZeichen();
     void lesenListen();
     void lesenAbsatzende();
-    void schreibenEscapes();
-    void schreibenFormate();
-    void rundreisen();
+    void schreiben();
     void textverarbeitung();
     void unsinn();
 };
 
 void TestRtf::lesenFormate()
 {
+    // Each text is read by both readers; the document then has the formats asked for.
     struct Fall {
         const char* name;
         const char* rtf;
         QString text;
-        std::function<bool(const QTextDocument&)> gut;
+        std::function<bool(const QTextDocument&)> gut = nullptr;
     };
     const QList<Fall> faelle = {
-        {"fett", "a\\b b\\b0 c\\b1 d", QStringLiteral("abcd"),
-         [](const QTextDocument& d) {
+        {"fett", "a\\b b\\b0 c\\b1 d", u"abcd"_s, [](auto& d) {
              return Fmt(d, 0).fontWeight() == QFont::Normal && Fmt(d, 1).fontWeight() == QFont::Bold
-                 && Fmt(d, 2).fontWeight() == QFont::Normal && Fmt(d, 3).fontWeight() == QFont::Bold;
-         }},
-        {"kursiv in Gruppe", "a{\\i b}c", QStringLiteral("abc"),
-         [](const QTextDocument& d) { return !Fmt(d, 0).fontItalic() && Fmt(d, 1).fontItalic() && !Fmt(d, 2).fontItalic(); }},
-        {"unterstrichen", "\\ul a\\ulnone b\\uldb c\\ul0 d\\ulwave e\\plain f", QStringLiteral("abcdef"),
-         [](const QTextDocument& d) {
+                 && Fmt(d, 2).fontWeight() == QFont::Normal && Fmt(d, 3).fontWeight() == QFont::Bold; }},
+        {"kursiv in Gruppe", "a{\\i b}c", u"abc"_s,
+         [](auto& d) { return !Fmt(d, 0).fontItalic() && Fmt(d, 1).fontItalic() && !Fmt(d, 2).fontItalic(); }},
+        {"unterstrichen", "\\ul a\\ulnone b\\uldb c\\ul0 d\\ulwave e\\plain f", u"abcdef"_s, [](auto& d) {
              return Fmt(d, 0).fontUnderline() && !Fmt(d, 1).fontUnderline() && Fmt(d, 2).fontUnderline()
-                 && !Fmt(d, 3).fontUnderline() && Fmt(d, 4).fontUnderline() && !Fmt(d, 5).fontUnderline();
-         }},
-        {"durchgestrichen", "\\strike a\\strike0 b\\striked1 c", QStringLiteral("abc"),
-         [](const QTextDocument& d) { return Fmt(d, 0).fontStrikeOut() && !Fmt(d, 1).fontStrikeOut() && Fmt(d, 2).fontStrikeOut(); }},
-        {"Größen", "\\fs36 a\\fs17 b\\fs c", QStringLiteral("abc"),
-         [](const QTextDocument& d) {
-             return Fmt(d, 0).fontPointSize() == 18 && Fmt(d, 1).fontPointSize() == 8.5
-                 && Fmt(d, 2).fontPointSize() == 12; // \fs without a value: the standard size
-         }},
-        {"Farben", "\\cf1 r\\cf2 g\\cf0 a\\cf99 x\\highlight2 h\\highlight0 n", QStringLiteral("rgaxhn"),
-         [](const QTextDocument& d) {
-             return Fmt(d, 0).foreground().color() == QColor(255, 0, 0)
-                 && Fmt(d, 1).foreground().color() == QColor(0, 128, 0)
-                 && !Fmt(d, 2).hasProperty(QTextFormat::ForegroundBrush)
-                 && !Fmt(d, 3).hasProperty(QTextFormat::ForegroundBrush)
-                 && Fmt(d, 4).background().color() == QColor(0, 128, 0)
-                 && !Fmt(d, 5).hasProperty(QTextFormat::BackgroundBrush);
-         }},
-        {"Versatz", "n\\up3 h\\up0 n\\dn3 t\\up z\\dn w\\plain p", QStringLiteral("nhntzwp"),
-         [](const QTextDocument& d) {
+                 && !Fmt(d, 3).fontUnderline() && Fmt(d, 4).fontUnderline() && !Fmt(d, 5).fontUnderline(); }},
+        {"durchgestrichen", "\\strike a\\strike0 b\\striked1 c", u"abc"_s,
+         [](auto& d) { return Fmt(d, 0).fontStrikeOut() && !Fmt(d, 1).fontStrikeOut() && Fmt(d, 2).fontStrikeOut(); }},
+        {"Größen", "\\fs36 a\\fs17 b\\fs c", u"abc"_s, [](auto& d) { // \fs alone: the standard size
+             return Fmt(d, 0).fontPointSize() == 18 && Fmt(d, 1).fontPointSize() == 8.5 && Fmt(d, 2).fontPointSize() == 12; }},
+        {"Farben", "\\cf1 r\\cf2 g\\cf0 a\\cf99 x\\highlight2 h\\highlight0 n", u"rgaxhn"_s, [](auto& d) {
+             return Fmt(d, 0).foreground().color() == QColor(255, 0, 0) && Fmt(d, 1).foreground().color() == QColor(0, 128, 0)
+                 && !Fmt(d, 2).hasProperty(QTextFormat::ForegroundBrush) && !Fmt(d, 3).hasProperty(QTextFormat::ForegroundBrush)
+                 && Fmt(d, 4).background().color() == QColor(0, 128, 0) && !Fmt(d, 5).hasProperty(QTextFormat::BackgroundBrush); }},
+        {"Versatz", "n\\up3 h\\up0 n\\dn3 t\\up z\\dn w\\plain p", u"nhntzwp"_s, [](auto& d) {
              return RtfVersatz(Fmt(d, 0)) == 0 && RtfVersatz(Fmt(d, 1)) == 30 && Fmt(d, 1).baselineOffset() > 0
                  && RtfVersatz(Fmt(d, 2)) == 0 && RtfVersatz(Fmt(d, 3)) == -30 && Fmt(d, 3).baselineOffset() < 0
-                 && RtfVersatz(Fmt(d, 4)) == 60 && RtfVersatz(Fmt(d, 5)) == -60 && RtfVersatz(Fmt(d, 6)) == 0;
-         }},
-        {"hoch und tief gestellt", "\\super a\\nosupersub b\\sub c", QStringLiteral("abc"),
-         [](const QTextDocument& d) {
+                 && RtfVersatz(Fmt(d, 4)) == 60 && RtfVersatz(Fmt(d, 5)) == -60 && RtfVersatz(Fmt(d, 6)) == 0; }},
+        {"hoch und tief gestellt", "\\super a\\nosupersub b\\sub c", u"abc"_s, [](auto& d) {
              return Fmt(d, 0).verticalAlignment() == QTextCharFormat::AlignSuperScript
                  && Fmt(d, 1).verticalAlignment() == QTextCharFormat::AlignNormal
-                 && Fmt(d, 2).verticalAlignment() == QTextCharFormat::AlignSubScript;
-         }},
-        {"Einzüge in Twips genau", "\\li50\\ri7\\fi-200 a\\par b\\par\\pard c", QStringLiteral("a\nb\nc"),
-         [](const QTextDocument& d) {
+                 && Fmt(d, 2).verticalAlignment() == QTextCharFormat::AlignSubScript; }},
+        {"Einzüge in Twips genau, bis \\pard", "\\li50\\ri7\\fi-200 a\\par b\\par\\pard c", u"a\nb\nc"_s, [](auto& d) {
              const QTextBlockFormat a = Absatz(d, 0), b = Absatz(d, 1), c = Absatz(d, 2);
              return Tw(a.leftMargin()) == 50 && Tw(a.rightMargin()) == 7 && Tw(a.textIndent()) == -200
-                 && Tw(b.leftMargin()) == 50 // paragraph properties last until \pard
-                 && c.leftMargin() == 0 && c.textIndent() == 0;
-         }},
-        {"Ausrichtung", "\\qc a\\par\\qr b\\par\\qj c\\par\\ql d", QStringLiteral("a\nb\nc\nd"),
-         [](const QTextDocument& d) {
+                 && Tw(b.leftMargin()) == 50 && c.leftMargin() == 0 && c.textIndent() == 0; }},
+        {"Ausrichtung", "\\qc a\\par\\qr b\\par\\qj c\\par\\ql d", u"a\nb\nc\nd"_s, [](auto& d) {
              return Absatz(d, 0).alignment() == Qt::AlignHCenter && Absatz(d, 1).alignment() == Qt::AlignRight
-                 && Absatz(d, 2).alignment() == Qt::AlignJustify && Absatz(d, 3).alignment() == Qt::AlignLeft;
-         }},
-        {"Abstände", "\\sb120\\sa200\\sl276\\slmult1 a\\par\\pard\\sl-300\\slmult0 b", QStringLiteral("a\nb"),
-         [](const QTextDocument& d) {
+                 && Absatz(d, 2).alignment() == Qt::AlignJustify && Absatz(d, 3).alignment() == Qt::AlignLeft; }},
+        {"Abstände", "\\sb120\\sa200\\sl276\\slmult1 a\\par\\pard\\sl-300\\slmult0 b", u"a\nb"_s, [](auto& d) {
              const QTextBlockFormat a = Absatz(d, 0), b = Absatz(d, 1);
              return Tw(a.topMargin()) == 120 && Tw(a.bottomMargin()) == 200
                  && a.lineHeightType() == QTextBlockFormat::ProportionalHeight && a.lineHeight() == 115
-                 && b.lineHeightType() == QTextBlockFormat::FixedHeight && Tw(b.lineHeight()) == 300;
-         }},
-        {"\\pard lässt die Zeichen", "\\b\\qc a\\par\\pard b", QStringLiteral("a\nb"),
-         [](const QTextDocument& d) { return Fmt(d, 2).fontWeight() == QFont::Bold && Absatz(d, 1).alignment() == Qt::AlignLeft; }},
-        {"Tabulator und Zeilenumbruch", "a\\tab b\\line c\\cell d\\row e", QStringLiteral("a\tb\nc\td\ne"),
-         [](const QTextDocument& d) { return d.blockCount() == 2 && d.firstBlock().text() == QStringLiteral("a\tb\u2028c\td"); }},
-        {"versteckt", "a{\\v b}c\\v d\\v0 e", QStringLiteral("ace"), nullptr},
-        {"Klammern und Backslash", "\\{a\\}\\\\b", QStringLiteral("{a}\\b"), nullptr},
-        {"Zeichen mit Namen", "\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet\\~\\_",
-         QStringLiteral("—–‘’“”• ‑"), nullptr},
+                 && b.lineHeightType() == QTextBlockFormat::FixedHeight && Tw(b.lineHeight()) == 300; }},
+        {"\\pard lässt die Zeichen", "\\b\\qc a\\par\\pard b", u"a\nb"_s,
+         [](auto& d) { return Fmt(d, 2).fontWeight() == QFont::Bold && Absatz(d, 1).alignment() == Qt::AlignLeft; }},
+        {"Tabulator und Zeilenumbruch", "a\\tab b\\line c\\cell d\\row e", u"a\tb\nc\td\ne"_s,
+         [](auto& d) { return d.blockCount() == 2 && d.firstBlock().text() == u"a\tb\u2028c\td"_s; }},
+        {"versteckt", "a{\\v b}c\\v d\\v0 e", u"ace"_s},
+        {"Klammern und Backslash", "\\{a\\}\\\\b", u"{a}\\b"_s},
+        {"Zeichen mit Namen", "\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet\\~\\_", u"—–‘’“”• ‑"_s},
         {"ein Feld zeigt sein Ergebnis", "x {\\field{\\*\\fldinst{HYPERLINK \"http://a.example\"}}{\\fldrslt{\\ul Link}}} y",
-         QStringLiteral("x Link y"), nullptr},
+         u"x Link y"_s},
         {"übersprungene Ziele", "{\\info{\\title Titel}{\\author Wer}}{\\stylesheet{\\s0 Normal;}}{\\*\\unbekannt Müll {x}}"
          "{\\header Kopf}{\\footer Fuß}{\\pict\\pngblip 89504e47}{\\*\\generator Gen;}{\\object{\\*\\objdata 0102}}Text",
-         QStringLiteral("Text"), nullptr},
-        {"unbekannte Wörter", "\\frobnicate12 a\\xyz b", QStringLiteral("ab"), nullptr},
-        {"\\bin mit Klammern in den Daten", "a{\\pict\\bin4 {}}\\}b", QStringLiteral("ab"), nullptr},
-        {"Zeilenenden im Quelltext zählen nicht", "a\r\nb\nc", QStringLiteral("abc"), nullptr},
-        {"Backslash am Zeilenende ist ein Absatz", "a\\\nb", QStringLiteral("a\nb"), nullptr},
+         u"Text"_s},
+        {"unbekannte Wörter", "\\frobnicate12 a\\xyz b", u"ab"_s},
+        {"\\bin mit Klammern in den Daten", "a{\\pict\\bin4 {}}\\}b", u"ab"_s},
+        {"Zeilenenden im Quelltext zählen nicht", "a\r\nb\nc", u"abc"_s},
+        {"Backslash am Zeilenende ist ein Absatz", "a\\\nb", u"a\nb"_s},
     };
     for (const Fall& f : faelle) {
         QTextDocument d;
         const QString rtf = R(f.rtf);
         const QString text = Lesen(d, rtf);
-        QVERIFY2(text == f.text, qPrintable(QStringLiteral("%1: %2").arg(QString::fromUtf8(f.name), text)));
-        QVERIFY2(RtfText(rtf) == f.text, f.name);
-        if (f.gut)
-            QVERIFY2(f.gut(d), f.name);
+        QVERIFY2(text == f.text && RtfText(rtf) == f.text, qPrintable(QString::fromUtf8(f.name) + u": "_s + text));
+        QVERIFY2(!f.gut || f.gut(d), f.name);
     }
 }
 
 void TestRtf::lesenSchriftenUndZeichen()
 {
-    struct Fall {
-        const char* name;
-        const char* rtf;
-        QString text;
+    const QList<QPair<const char*, QString>> faelle = {
+        {"\\'e4\\'f6\\'fc\\'c4\\'d6\\'dc\\'df\\'E4", u"äöüÄÖÜßä"_s},
+        {"\\'80\\'84\\'93\\'94\\'96\\'85\\'a0", u"€„“”–… "_s}, // Windows-1252 above 7F
+        {"\\u8364?\\u321?x", u"€Łx"_s},
+        {"{\\uc2\\u8364\\'80\\'80x}\\u8364?y", u"€x€y"_s}, // \uc2 skips two, in its group
+        {"\\uc0\\u8364 x", u"€x"_s},
+        {"\\u8364\\'80 x", u"€ x"_s},         // the replacement as a control word
+        {"{\\uc3\\u8364?}z", u"€z"_s},         // the replacement ends at the brace
+        {"\\u-3913?\\u-10179?\\u-8704?", QString(QChar(0xF0B7)) + u"😀"_s},
+        {"\\u99999?a\\u-40000?b", u"ab"_s},   // out of range
+        {"a\\'00\\'0d\\'0a\\u10?b", u"ab"_s}, // control characters are dropped
+        {"\\'e4123", u"ä123"_s},
+        {"a\\'eg", u"ag"_s}, // half a hex escape
     };
-    const QList<Fall> faelle = {
-        {"Umlaute als \\'xx", "\\'e4\\'f6\\'fc\\'c4\\'d6\\'dc\\'df\\'E4", QStringLiteral("äöüÄÖÜßä")},
-        {"Windows-1252 oberhalb 7F", "\\'80\\'84\\'93\\'94\\'96\\'85\\'a0", QStringLiteral("€„“”–… ")},
-        {"Unicode mit Ersatz", "\\u8364?\\u321?x", QStringLiteral("€Łx")},
-        {"\\uc2 überspringt zwei", "{\\uc2\\u8364\\'80\\'80x}\\u8364?y", QStringLiteral("€x€y")},
-        {"\\uc0 überspringt nichts", "\\uc0\\u8364 x", QStringLiteral("€x")},
-        {"Ersatz als Steuerwort", "\\u8364\\'80 x", QStringLiteral("€ x")},
-        {"Ersatz endet an der Klammer", "{\\uc3\\u8364?}z", QStringLiteral("€z")},
-        {"negativ", "\\u-3913?\\u-10179?\\u-8704?", QString(QChar(0xF0B7)) + QStringLiteral("😀")},
-        {"außerhalb", "\\u99999?a\\u-40000?b", QStringLiteral("ab")},
-        {"Steuerzeichen fallen weg", "a\\'00\\'0d\\'0a\\u10?b", QStringLiteral("ab")},
-        {"Ziffer hinter Hex", "\\'e4123", QStringLiteral("ä123")},
-        {"halbes Hex", "a\\'eg", QStringLiteral("ag")},
-    };
-    for (const Fall& f : faelle) {
+    for (const auto& [koerper, text] : faelle) {
         QTextDocument d;
-        const QString rtf = R(f.rtf);
-        QVERIFY2(Lesen(d, rtf) == f.text, f.name);
-        QVERIFY2(RtfText(rtf) == f.text, f.name);
+        QCOMPARE(Lesen(d, R(koerper)), text);
+        QCOMPARE(RtfText(R(koerper)), text);
     }
 
-    // Fonts: table entries with and without groups, the default font, an unknown number.
+    // Fonts: table entries with and without groups, the default font, an unknown number;
+    // no \fs gives the standard size.
     QTextDocument d;
-    Lesen(d, QStringLiteral("{\\rtf1\\ansi\\deff1{\\fonttbl\\f0\\fswiss Arial;{\\f1\\froman{\\*\\panose 0}Times {\\*\\falt T}New Roman;}"
-                            "{\\f2 Gr\\'f6\\'dfe;}}a\\f0 b\\f2 c\\f9 d\\plain e}"));
-    QCOMPARE(d.toPlainText(), QStringLiteral("abcde"));
-    QCOMPARE(Fmt(d, 0).fontFamilies().toStringList().value(0), QStringLiteral("Times New Roman"));
-    QCOMPARE(Fmt(d, 1).fontFamilies().toStringList().value(0), QStringLiteral("Arial"));
-    QCOMPARE(Fmt(d, 2).fontFamilies().toStringList().value(0), QStringLiteral("Größe"));
-    QCOMPARE(Fmt(d, 3).fontFamilies().toStringList().value(0), QStringLiteral("Segoe UI"));
-    QCOMPARE(Fmt(d, 4).fontFamilies().toStringList().value(0), QStringLiteral("Times New Roman"));
-    QCOMPARE(Fmt(d, 0).fontPointSize(), 12.0); // no \fs: the standard size
-    QCOMPARE(d.defaultFont().family(), QStringLiteral("Segoe UI"));
+    Lesen(d, u"{\\rtf1\\ansi\\deff1{\\fonttbl\\f0\\fswiss Arial;{\\f1\\froman{\\*\\panose 0}Times {\\*\\falt T}New Roman;}"
+             "{\\f2 Gr\\'f6\\'dfe;}}a\\f0 b\\f2 c\\f9 d\\plain e}"_s);
+    QCOMPARE(d.toPlainText(), u"abcde"_s);
+    const QStringList familien = {u"Times New Roman"_s, u"Arial"_s, u"Größe"_s, u"Segoe UI"_s, u"Times New Roman"_s};
+    for (int i = 0; i < familien.size(); ++i)
+        QCOMPARE(Familie(Fmt(d, i)), familien.at(i));
+    QCOMPARE(Fmt(d, 0).fontPointSize(), 12.0);
+    QCOMPARE(d.defaultFont().family(), u"Segoe UI"_s);
 
     // \'xx follows the code page of the font's character set.
     if (QStringDecoder("windows-1251").isValid()) {
-        const QString kyrillisch = QStringLiteral("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset204 Arial;}}"
-                                                  "\\'e4\\f1\\'e4\\'e0\\f0\\'e4}");
-        QCOMPARE(RtfText(kyrillisch), QStringLiteral("äдаä"));
-        QCOMPARE(Lesen(d, kyrillisch), QStringLiteral("äдаä"));
+        const QString kyrillisch = u"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset204 Arial;}}\\'e4\\f1\\'e4\\'e0\\f0\\'e4}"_s;
+        QCOMPARE(RtfText(kyrillisch), u"äдаä"_s);
+        QCOMPARE(Lesen(d, kyrillisch), u"äдаä"_s);
     }
     if (QStringDecoder("Shift_JIS").isValid())
-        QCOMPARE(RtfText(QStringLiteral("{\\rtf1\\ansi\\ansicpg932 \\'82\\'a0x}")), QStringLiteral("あx"));
+        QCOMPARE(RtfText(u"{\\rtf1\\ansi\\ansicpg932 \\'82\\'a0x}"_s), u"あx"_s);
 
-    // Plain text in the field: lines become paragraphs in the standard font.
-    QFont standard(QStringLiteral("Segoe UI"), 14);
+    // Plain text in the field: lines become paragraphs in the standard font, unchanged.
+    QFont standard(u"Segoe UI"_s, 14);
     standard.setItalic(true);
-    RtfLesen(QStringLiteral("Zeile 1\r\nZeile 2\rZeile 3\n{\\b kein RTF}"), &d, standard);
+    const QString zeilen = u"Zeile 1\r\nZeile 2\rZeile 3\n{\\b kein RTF}"_s;
+    RtfLesen(zeilen, &d, standard);
     QCOMPARE(d.blockCount(), 4);
-    QCOMPARE(d.toPlainText(), QStringLiteral("Zeile 1\nZeile 2\nZeile 3\n{\\b kein RTF}"));
-    QCOMPARE(RtfText(QStringLiteral("Zeile 1\r\nZeile 2\rZeile 3\n{\\b kein RTF}")), d.toPlainText());
+    QCOMPARE(d.toPlainText(), u"Zeile 1\nZeile 2\nZeile 3\n{\\b kein RTF}"_s);
+    QCOMPARE(RtfText(zeilen), d.toPlainText());
     QCOMPARE(Fmt(d, 0).fontPointSize(), 14.0);
     QVERIFY(Fmt(d, 0).fontItalic());
-    QCOMPARE(Lesen(d, QStringLiteral(" ")), QStringLiteral(" "));
+    QCOMPARE(Lesen(d, u" "_s), u" "_s);
     QCOMPARE(Lesen(d, QString()), QString());
     QCOMPARE(RtfText(QString()), QString());
-    QVERIFY(!d.isModified());
-    QVERIFY(!d.isUndoAvailable());
+    QVERIFY(!d.isModified() && !d.isUndoAvailable());
 }
 
 void TestRtf::lesenListen()
@@ -449,14 +401,12 @@ void TestRtf::lesenListen()
     QTextDocument d;
     Lesen(d, R("Kopf\\par{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\fi-360\\li720 eins\\par"
                "{\\pntext\\f1\\'B7\\tab}zwei\\par\\pard drei"));
-    QCOMPARE(d.toPlainText(), QStringLiteral("Kopf\neins\nzwei\ndrei"));
-    QVERIFY(!d.findBlockByNumber(0).textList());
+    QCOMPARE(d.toPlainText(), u"Kopf\neins\nzwei\ndrei"_s);
     QTextList* punkte = d.findBlockByNumber(1).textList();
-    QVERIFY(punkte);
+    QVERIFY(punkte && !d.findBlockByNumber(0).textList() && !d.findBlockByNumber(3).textList());
     QCOMPARE(punkte->format().style(), QTextListFormat::ListDisc);
     QCOMPARE(punkte->count(), 2);
     QCOMPARE(d.findBlockByNumber(2).textList(), punkte);
-    QVERIFY(!d.findBlockByNumber(3).textList());
     QCOMPARE(Tw(Absatz(d, 1).leftMargin()), 720);
     QCOMPARE(Absatz(d, 1).textIndent(), 0.0); // Qt draws the bullet left of the text
     QCOMPARE(Absatz(d, 1).intProperty(RtfEigenschaft::ErstzeileTwips), -360);
@@ -465,13 +415,12 @@ void TestRtf::lesenListen()
     Lesen(d, R("{\\pntext 1.\\tab}{\\*\\pn\\pnlvlbody\\pndec{\\pntxta .}}\\li720 a\\par{\\pntext 2.\\tab}b\\par\\pard"
                "{\\listtext\\pard\\plain\\f3 \\'b7\\tab}\\ls1\\li720 c\\par{\\listtext\\pard\\plain\\f3 \\'b7\\tab}\\ls1\\li720 d\\par"
                "\\pard{\\listtext 1)\\tab}\\ls2\\li720 e\\par\\pard{\\*\\pn\\pnlvlbody\\pnucrm}\\li500 f"));
-    QCOMPARE(d.toPlainText(), QStringLiteral("a\nb\nc\nd\ne\nf"));
-    QCOMPARE(d.findBlockByNumber(0).textList()->format().style(), QTextListFormat::ListDecimal);
-    QCOMPARE(d.findBlockByNumber(0).textList()->count(), 2);
-    QCOMPARE(d.findBlockByNumber(2).textList()->format().style(), QTextListFormat::ListDisc);
+    QCOMPARE(d.toPlainText(), u"a\nb\nc\nd\ne\nf"_s);
+    QStringList arten;
+    for (QTextBlock b = d.begin(); b.isValid(); b = b.next())
+        arten << (b.textList() ? u"%1:%2"_s.arg(b.textList()->format().style()).arg(b.textList()->count()) : u"-"_s);
+    QCOMPARE(arten.join(u' '), u"-4:2 -4:2 -1:2 -1:2 -4:1 -8:1"_s);
     QCOMPARE(d.findBlockByNumber(2).textList(), d.findBlockByNumber(3).textList());
-    QCOMPARE(d.findBlockByNumber(4).textList()->format().style(), QTextListFormat::ListDecimal);
-    QCOMPARE(d.findBlockByNumber(5).textList()->format().style(), QTextListFormat::ListUpperRoman);
 
     // Without an indent of its own the list makes room for the bullet.
     Lesen(d, R("{\\*\\pn\\pnlvlblt} x"));
@@ -481,95 +430,65 @@ void TestRtf::lesenListen()
 
 void TestRtf::lesenAbsatzende()
 {
-    // The closing \par opens no paragraph of its own; the one after it is dropped when empty.
-    QCOMPARE(RtfText(R("a\\par")), QStringLiteral("a"));
-    QCOMPARE(RtfText(R("a\\par\\par")), QStringLiteral("a\n"));
-    QCOMPARE(RtfText(R("a\\par b")), QStringLiteral("a\nb"));
-    QCOMPARE(RtfText(R("a\\par{\\pntext\\'b7\\tab}")), QStringLiteral("a"));
-    QCOMPARE(RtfText(R("\\par")), QString());
-    QCOMPARE(RtfText(R("")), QString());
-    QTextDocument d;
-    QCOMPARE(Lesen(d, R("a\\par\\par")), QStringLiteral("a\n"));
-    QCOMPARE(d.blockCount(), 2);
+    // The closing \par opens no paragraph of its own; the one after it is dropped when
+    // empty. Text after the outermost group is no part of the document.
+    const QList<QPair<QString, QString>> faelle = {
+        {R("a\\par"), u"a"_s}, {R("a\\par\\par"), u"a\n"_s}, {R("a\\par b"), u"a\nb"_s},
+        {R("a\\par{\\pntext\\'b7\\tab}"), u"a"_s}, {R("\\par"), QString()}, {R(""), QString()},
+        {u"{\\rtf1 a}b{c}"_s, u"a"_s},
+    };
+    for (const auto& [rtf, text] : faelle) {
+        QTextDocument d;
+        QCOMPARE(Lesen(d, rtf), text);
+        QCOMPARE(RtfText(rtf), text);
+    }
     // An empty paragraph keeps the format of its mark.
+    QTextDocument d;
     Lesen(d, R("a\\par\\fs48\\par b"));
     QCOMPARE(d.findBlockByNumber(1).charFormat().fontPointSize(), 24.0);
-    // Text after the outermost group is no part of the document.
-    QCOMPARE(RtfText(QStringLiteral("{\\rtf1 a}b{c}")), QStringLiteral("a"));
 }
 
-void TestRtf::schreibenEscapes()
+void TestRtf::schreiben()
 {
-    QTextDocument d;
-    QTextCursor(&d).insertText(QStringLiteral("Mädchen ÄÖÜäöüß € Łódź 😀 {\\} a\tb") + QChar(0x2028) + u'c');
-    const QString rtf = RtfSchreiben(&d);
-    QVERIFY2(rtf.startsWith(QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0")), qPrintable(rtf));
-    QVERIFY(rtf.endsWith(u'}'));
-    // The search for "Mädchen" in the field looks for M\?e4dchen.
-    QVERIFY(rtf.contains(QStringLiteral("M\\'e4dchen")));
-    QVERIFY(rtf.contains(QStringLiteral("\\'c4\\'d6\\'dc\\'e4\\'f6\\'fc\\'df \\'80 ")));
-    QVERIFY(rtf.contains(QStringLiteral("\\u321?\\'f3d\\u378?")));
-    QVERIFY(rtf.contains(QStringLiteral("\\u-10179?\\u-8704?")));
-    QVERIFY(rtf.contains(QStringLiteral("\\{\\\\\\} a\\tab b\\line c\\par")));
-    for (const QChar c : rtf)
-        QVERIFY2(c.unicode() < 128, "only ASCII in the source");
-    // Font names are escaped too.
-    QTextCharFormat f;
-    f.setFontFamilies({QStringLiteral("Bücher {Sonder}")});
-    QTextCursor(&d).insertText(QStringLiteral("x"), f);
-    QVERIFY(RtfSchreiben(&d).contains(QStringLiteral("\\fcharset0 B\\'fccher \\{Sonder\\};}")));
-    QVERIFY(RtfSchreiben(nullptr).isEmpty());
-}
-
-void TestRtf::schreibenFormate()
-{
-    QTextDocument d;
-    d.setDefaultFont(QFont(QStringLiteral("Segoe UI"), 12));
-    QTextCursor c(&d);
-    QTextBlockFormat b;
-    b.setLeftMargin(50 / 15.0);
-    b.setAlignment(Qt::AlignHCenter);
-    c.setBlockFormat(b);
-    c.insertText(QStringLiteral("a"));
-    QTextCharFormat f;
-    f.setFontWeight(QFont::Bold);
-    f.setForeground(QColor(255, 0, 0));
-    c.insertText(QStringLiteral("b"), f);
-    f = QTextCharFormat();
-    RtfVersatzSetzen(f, 30, 12);
-    c.insertText(QStringLiteral("h"), f);
-    RtfVersatzSetzen(f, -30, 12);
-    c.insertText(QStringLiteral("t"), f);
-    c.insertText(QStringLiteral("n"), QTextCharFormat());
-    c.insertBlock(QTextBlockFormat());
-    c.createList(QTextListFormat::ListDisc);
-    c.insertText(QStringLiteral("p"));
-    const QString rtf = RtfSchreiben(&d);
-    QVERIFY2(rtf.contains(QStringLiteral("{\\fonttbl{\\f0\\fnil\\fcharset0 Segoe UI;}}")), qPrintable(rtf));
-    QVERIFY(rtf.contains(QStringLiteral("{\\colortbl ;\\red255\\green0\\blue0;}")));
-    QVERIFY(rtf.contains(QStringLiteral("\\pard\\li50\\qc\\f0\\fs24 a\\b\\cf1 b\\b0\\cf0\\up3 h\\dn3 t\\up0 n\\par\n")));
-    QVERIFY(rtf.contains(QStringLiteral("\\pard{\\pntext\\'95\\tab}{\\*\\pn\\pnlvlblt\\pnindent0{\\pntxtb\\'95}}\\fi-360\\li600 p\\par\n")));
-    // What the pane sets in pixels leaves in twips.
-    QTextDocument e;
-    QTextCursor(&e).setBlockFormat([] { QTextBlockFormat g; g.setLeftMargin(10); g.setRightMargin(3.4); return g; }());
-    QVERIFY(RtfSchreiben(&e).contains(QStringLiteral("\\pard\\li150\\ri51\\f0")));
-}
-
-void TestRtf::rundreisen()
-{
+    // Parts of the written documents as other readers expect them: the tables, escapes of
+    // all that is no ASCII (the search for "Mädchen" in the field looks for M\?e4dchen),
+    // runs of formats, paragraphs in twips from the pane's pixels, a list, a font name.
+    const QMap<int, QStringList> teile = {
+        {2,
+         {u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil\\fcharset0 Segoe UI;}{\\f1\\fnil\\fcharset0 Courier New;}}\n"
+          "{\\colortbl ;\\red200\\green10\\blue20;\\red255\\green255\\blue0;}\n"_s,
+          u"\\pard\\f0\\fs24 Gr\\'fc\\'dfe aus K\\'f6ln: \\'c4 \\'d6 \\'dc \\'e4 \\'f6 \\'fc \\'df \\'80 \\'84zitiert\\'93 \\'96 "
+          "\\u321?\\'f3d\\u378? \\u-10179?\\u-8704? \\{x\\} \\\\y\\tab z\\line n\\'e4chste Zeile\\par\n\\pard\\par\n"_s,
+          u"\\pard\\b fett\\i\\ul  kursiv\\f1\\fs37\\b0\\i0\\ulnone\\strike\\cf1  durch\\f0\\fs24\\strike0\\cf0\\highlight2  markiert"
+          "\\highlight0\\up3 hoch\\dn3 tief\\up0\\super 2\\par\n}"_s}},
+        {3,
+         {u"\\pard\\fi-7\\li50\\ri100\\qc\\f0\\fs24 einger\\'fcckt und zentriert\\par\n"
+          "\\pard\\sb60\\sa200\\sl276\\slmult1\\qr rechts\\par\n\\pard\\sb60\\sa200\\sl-300\\slmult0\\qj Blocksatz\\par\n"_s}},
+        {4, {u"\\pard{\\pntext\\'95\\tab}{\\*\\pn\\pnlvlblt\\pnindent0{\\pntxtb\\'95}}\\fi-360\\li600 eins\\par\n"_s}},
+        {5, {u"{\\f1\\fnil\\fcharset0 Schrift mit \\{Klammer\\} und \\'c4;}"_s}},
+        {6, {u"\\pard\\li31680\\ri-31680\\sb31680 weit\\par\n"_s}},
+    };
+    // Each document is written in ASCII and stably over a read; its text survives but for
+    // what has no place in a paragraph.
     const auto plaene = Bauplaene();
-    for (size_t i = 0; i < plaene.size(); ++i) {
+    for (int i = 0; i < int(plaene.size()); ++i) {
         QTextDocument d;
         d.setDefaultFont(Standard());
         plaene[i](d);
         QString zweites;
         const QString erstes = Rundreise(d, &zweites);
-        QVERIFY2(erstes == zweites, qPrintable(QStringLiteral("Dokument %1:\n%2\n---\n%3").arg(i).arg(erstes, zweites)));
+        QVERIFY2(erstes == zweites, qPrintable(u"Dokument %1:\n%2\n---\n%3"_s.arg(i).arg(erstes, zweites)));
+        QVERIFY(erstes.startsWith(u"{\\rtf1\\ansi\\ansicpg1252\\deff0"_s) && erstes.endsWith(u'}'));
+        for (const QChar c : erstes)
+            QVERIFY2(c.unicode() < 128, "only ASCII in the source");
+        for (const QString& teil : teile.value(i))
+            QVERIFY2(erstes.contains(teil), qPrintable(erstes + u"\nohne\n"_s + teil));
         QTextDocument d2;
         RtfLesen(erstes, &d2, Standard());
-        QCOMPARE(d2.toPlainText(), QString(d.toPlainText()).remove(QRegularExpression(QStringLiteral("[\\x01\\x{fffc}]"))));
+        QCOMPARE(d2.toPlainText(), QString(d.toPlainText()).remove(QRegularExpression(u"[\\x01\\x{fffc}]"_s)));
         QCOMPARE(RtfText(erstes), d2.toPlainText());
     }
+    QVERIFY(RtfSchreiben(nullptr).isEmpty());
 
     // Lists keep their kinds; the second of two like lists in a row continues the first.
     QTextDocument l;
@@ -578,30 +497,27 @@ void TestRtf::rundreisen()
     RtfLesen(RtfSchreiben(&l), &l2, Standard());
     QStringList arten;
     for (QTextBlock b = l2.begin(); b.isValid(); b = b.next())
-        arten << (b.textList() ? QString::number(b.textList()->format().style()) + u':' + QString::number(b.textList()->itemNumber(b)) : QStringLiteral("-"));
-    QCOMPARE(arten.join(u' '), QStringLiteral("- -1:0 -1:1 - -4:0 -4:1 -8:0 -5:0 -1:0 -1:1"));
+        arten << (b.textList() ? u"%1:%2"_s.arg(b.textList()->format().style()).arg(b.textList()->itemNumber(b)) : u"-"_s);
+    QCOMPARE(arten.join(u' '), u"- -1:0 -1:1 - -4:0 -4:1 -8:0 -5:0 -1:0 -1:1"_s);
 }
 
 void TestRtf::textverarbeitung()
 {
+    // No word lost, nothing of the skipped parts shown, and both readers agree.
     for (const char* quelle : {k_editor, k_buero}) {
         const QString rtf = QString::fromLatin1(quelle);
         QTextDocument d;
         const QString text = Lesen(d, rtf);
         QCOMPARE(RtfText(rtf), text);
-        const bool editor = quelle == k_editor;
-        const QStringList woerter = editor
-            ? QStringList{"Die", "große", "Plattensammlung", "Seite", "A:", "Märchenstunde", "–", "aufgenommen",
-                          "in", "Köln,", "Überspielung", "1978", "für", "20€.", "Erster", "Titel", "mit", "Bläsern",
-                          "Zweiter", "Titel", "„Anführung“", "Mehr", "unter", "Plattenseite", "und", "Straße", "Łódź.",
-                          "Hoben", "und", "unten", "Öl"}
-            : QStringList{"Kammermusik", "für", "Flöte", "–", "Einspielung", "aus", "Große", "Nähe.", "Sonate", "in",
-                          "a-Moll", "Partita", "Nr.", "2", "mit", "Änderung", "Rechts", "Schreiben"};
-        const QStringList gelesen = text.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
-        QCOMPARE(gelesen.join(u' '), woerter.join(u' '));
+        const QString woerter = quelle == k_editor
+            ? u"Die große Plattensammlung Seite A: Märchenstunde – aufgenommen in Köln, Überspielung 1978 für 20€. "
+              "Erster Titel mit Bläsern Zweiter Titel „Anführung“ Mehr unter Plattenseite und Straße Łódź. Hoben und unten Öl"_s
+            : u"Kammermusik für Flöte – Einspielung aus Große Nähe. Sonate in a-Moll Partita Nr. 2 mit Änderung Rechts "
+              "„oben“ Schreiben"_s;
+        QCOMPARE(text.split(QRegularExpression(u"\\s+"_s), Qt::SkipEmptyParts).join(u' '), woerter);
         for (const char* fremd : {"HYPERLINK", "0100090000", "Riched", "Normal", "Rita", "Kopfzeile", "Fußnote",
-                                  "versteckt", "504b03", "Grammarly", "Anker", "Symbol", "Calibri"})
-            QVERIFY2(!text.contains(QLatin1String(fremd)), fremd);
+                                  "versteckt", "504b03", "89504e", "Grammarly", "Anker", "Symbol", "Calibri"})
+            QVERIFY2(!text.contains(QString::fromUtf8(fremd)), fremd);
     }
 
     QTextDocument d;
@@ -610,16 +526,15 @@ void TestRtf::textverarbeitung()
     QCOMPARE(Absatz(d, 0).alignment(), Qt::AlignHCenter);
     QCOMPARE(Fmt(d, 0).fontWeight(), QFont::Bold);
     QCOMPARE(Fmt(d, 0).fontPointSize(), 14.0);
-    QCOMPARE(Fmt(d, 0).fontFamilies().toStringList().value(0), QStringLiteral("Segoe UI"));
+    QCOMPARE(Familie(Fmt(d, 0)), u"Segoe UI"_s);
     QCOMPARE(Absatz(d, 1).lineHeight(), 115.0);
-    QCOMPARE(d.findBlockByNumber(3).textList(), d.findBlockByNumber(4).textList());
     QVERIFY(d.findBlockByNumber(3).textList());
-    const int link = int(d.toPlainText().indexOf(QStringLiteral("Plattenseite")));
-    QCOMPARE(Fmt(d, link).foreground().color(), QColor(0, 0, 255));
-    QVERIFY(Fmt(d, link).fontUnderline());
+    QCOMPARE(d.findBlockByNumber(3).textList(), d.findBlockByNumber(4).textList());
+    const QTextCharFormat link = Fmt(d, int(d.toPlainText().indexOf(u"Plattenseite"_s)));
+    QVERIFY(link.foreground().color() == QColor(0, 0, 255) && link.fontUnderline());
 
     Lesen(d, QString::fromLatin1(k_buero));
-    QCOMPARE(Fmt(d, 0).fontFamilies().toStringList().value(0), QStringLiteral("Calibri"));
+    QCOMPARE(Familie(Fmt(d, 0)), u"Calibri"_s);
     QCOMPARE(Fmt(d, 0).fontWeight(), QFont::Bold);
     QCOMPARE(Fmt(d, 0).fontPointSize(), 11.0);
     QVERIFY(d.findBlockByNumber(1).textList());
@@ -630,33 +545,25 @@ void TestRtf::textverarbeitung()
 void TestRtf::unsinn()
 {
     // Hand-made hostile texts, each in bounded time.
-    const QList<QString> boese = {
-        QStringLiteral("{\\rtf1 ") + QString(200000, u'{') + QStringLiteral("tief") + QString(100000, u'}'),
-        QStringLiteral("{\\rtf1 ") + QStringLiteral("{\\b a").repeated(50000),
-        QStringLiteral("{\\rtf1 a}}}}}}b"),
-        QStringLiteral("{\\rtf1 {\\b abc"),
-        QStringLiteral("{\\rtf1 \\fs99999999999999999999999999 \\li-99999999999999999 \\u99999999999999 \\uc99999 x}"),
-        QStringLiteral("{\\rtf1 \\bin99999999999 x}"),
-        QStringLiteral("{\\rtf1 \\bin-5 x}"),
-        QStringLiteral("{\\rtf1 x\\"),
-        QStringLiteral("{\\rtf1 x\\'"),
-        QStringLiteral("{\\rtf1 x\\'4"),
-        QStringLiteral("{\\rtf1 x\\u"),
-        QStringLiteral("{\\rtf1 x\\u-"),
-        QStringLiteral("{\\rtf"),
-        QStringLiteral("{\\rtf1 ") + QStringLiteral("\\par").repeated(100000),
-        QStringLiteral("{\\rtf1 ") + QStringLiteral("\\") + QString(100000, u'a'),
-        QStringLiteral("{\\rtf1{\\fonttbl") + QStringLiteral("{\\f1 ").repeated(20000),
-        QStringLiteral("{\\rtf1{\\colortbl") + QStringLiteral(";").repeated(100000) + u'}' + QStringLiteral("\\cf65535 x\\cf99999 y}"),
-        QStringLiteral("{\\rtf1\\ansicpg932 ") + QStringLiteral("\\'82").repeated(50001) + u'}',
+    QList<QString> boese = {
+        u"{\\rtf1 "_s + QString(200000, u'{') + u"tief"_s + QString(100000, u'}'),
+        u"{\\rtf1 "_s + u"{\\b a"_s.repeated(50000),
+        u"{\\rtf1 a}}}}}}b"_s, u"{\\rtf1 {\\b abc"_s,
+        u"{\\rtf1 \\fs99999999999999999999999999 \\li-99999999999999999 \\u99999999999999 \\uc99999 x}"_s,
+        u"{\\rtf1 \\bin99999999999 x}"_s, u"{\\rtf1 \\bin-5 x}"_s,
+        u"{\\rtf1 x\\"_s, u"{\\rtf1 x\\'"_s, u"{\\rtf1 x\\'4"_s, u"{\\rtf1 x\\u"_s, u"{\\rtf1 x\\u-"_s, u"{\\rtf"_s,
+        u"{\\rtf1 "_s + u"\\par"_s.repeated(100000),
+        u"{\\rtf1 \\"_s + QString(100000, u'a'),
+        u"{\\rtf1{\\fonttbl"_s + u"{\\f1 "_s.repeated(20000),
+        u"{\\rtf1{\\colortbl"_s + u";"_s.repeated(100000) + u"}\\cf65535 x\\cf99999 y}"_s,
+        u"{\\rtf1\\ansicpg932 "_s + u"\\'82"_s.repeated(50001) + u'}',
     };
     QRandomGenerator z(4711);
     QString zufall(300000, Qt::Uninitialized);
     for (QChar& c : zufall)
         c = QChar(char16_t(z.bounded(0x10000)));
-    QList<QString> alle = boese;
-    alle << QStringLiteral("{\\rtf1 ") + zufall;
-    for (const QString& rtf : alle) {
+    boese << u"{\\rtf1 "_s + zufall;
+    for (const QString& rtf : boese) {
         QElapsedTimer uhr;
         uhr.start();
         QTextDocument d;
@@ -667,32 +574,31 @@ void TestRtf::unsinn()
     }
 
     // Seeded mutations of real texts: no crash, the two readers agree, writing stays stable.
-    QList<QString> vorlagen = {QString::fromLatin1(k_editor), QString::fromLatin1(k_buero)};
+    QList<QString> vorlagen;
     for (const auto& plan : Bauplaene()) {
         QTextDocument d;
         d.setDefaultFont(Standard());
         plan(d);
         vorlagen << RtfSchreiben(&d);
     }
+    vorlagen << QString::fromLatin1(k_editor) << QString::fromLatin1(k_buero);
     QElapsedTimer uhr;
     uhr.start();
-    constexpr int Runden = 10000;
+    constexpr int Runden = 5000;
     for (int runde = 0; runde < Runden; ++runde) {
         const QString rtf = Verderben(vorlagen[runde % vorlagen.size()], z);
         QTextDocument d;
         RtfLesen(rtf, &d, Standard());
-        const QString text = RtfText(rtf);
-        if (text != d.toPlainText())
-            QFAIL(qPrintable(QStringLiteral("Runde %1: die Leser weichen ab bei\n%2").arg(runde).arg(rtf)));
+        if (RtfText(rtf) != d.toPlainText())
+            QFAIL(qPrintable(u"Runde %1: die Leser weichen ab bei\n%2"_s.arg(runde).arg(rtf)));
         if (runde % 10 == 0) {
             QString zweites;
-            const QString erstes = Rundreise(d, &zweites);
-            if (erstes != zweites)
-                QFAIL(qPrintable(QStringLiteral("Runde %1: Schreiben nicht stabil bei\n%2").arg(runde).arg(rtf)));
+            if (Rundreise(d, &zweites) != zweites)
+                QFAIL(qPrintable(u"Runde %1: Schreiben nicht stabil bei\n%2"_s.arg(runde).arg(rtf)));
         }
     }
     qInfo("%d verdorbene Texte in %lld ms", Runden, uhr.elapsed());
-    QVERIFY(uhr.elapsed() < 10000);
+    QVERIFY(uhr.elapsed() < Runden); // a millisecond a text
 }
 
 RK_TEST_MAIN(TestRtf)
