@@ -80,24 +80,22 @@ void Ausgabebox::Data1_Reposition()
     TrackIndex = 0;
     TrackListeLaden();
     AnzahlTontraeger();
-    TabelleEinrichten();
+    // The Track list was loaded just above.
+    TabelleEinrichten(false);
 }
 
 void Ausgabebox::TrackListeLaden()
 {
-    filTrack->setPath(ProgrammOrdner + QStringLiteral("Leer"));
-    filTrack->setEnabled(false);
+    // One listing of the folder tells whether it holds files and fills the list.
     const QString musik = TextMusikpfad->text();
-    bool gefunden = false;
-    if (musik.size() >= 2) {
-        QDir ordner(musik);
-        gefunden = ordner.exists() && !ordner.entryList(QDir::Files | QDir::Readable).isEmpty();
-    }
-    if (!gefunden) {
+    if (musik.size() >= 2)
+        filTrack->setPath(musik);
+    if (musik.size() < 2 || filTrack->count() == 0) {
+        filTrack->setPath(ProgrammOrdner + QStringLiteral("Leer"));
+        filTrack->setEnabled(false);
         Bez[12]->setText(QStringLiteral("Tracks && Movies "));
         return;
     }
-    filTrack->setPath(musik);
     filTrack->setEnabled(true);
     if (filTrack->count() > 0) {
         filTrack->setCurrentRow(0);

@@ -57,7 +57,7 @@ void Ausgabebox::SpaltenSichtbarkeitAnwenden()
     }
 }
 
-void Ausgabebox::TabelleEinrichten()
+void Ausgabebox::TabelleEinrichten(bool trackListeLaden)
 {
     if (TabelleNichtAnordnen)
         return;
@@ -73,7 +73,8 @@ void Ausgabebox::TabelleEinrichten()
     SpaltenSichtbarkeitAnwenden();
     g->setRedraw(true);
 
-    TrackListeLaden();
+    if (trackListeLaden)
+        TrackListeLaden();
 
     g->setRedraw(false);
     int breiten[18];

@@ -752,6 +752,37 @@ void JetFunktionenAnmelden(sqlite3* db)
     anmelden(db, "val", 1, valFunktion);
 }
 
+qsizetype SqlUeberspringen(const QString& s, qsizetype i)
+{
+    const qsizetype n = s.size();
+    if (i >= n)
+        return i;
+    const QChar c = s.at(i);
+    if (c == u'\'' || c == u'"' || c == u'`' || c == u'[') {
+        // A doubled quote stands for itself inside the literal; brackets are not doubled.
+        const QChar ende = c == u'[' ? QChar(u']') : c;
+        for (qsizetype j = i + 1; j < n; ++j) {
+            if (s.at(j) != ende)
+                continue;
+            if (ende != u']' && j + 1 < n && s.at(j + 1) == ende) {
+                ++j;
+                continue;
+            }
+            return j + 1;
+        }
+        return n;
+    }
+    if (c == u'-' && i + 1 < n && s.at(i + 1) == u'-') {
+        const qsizetype j = s.indexOf(u'\n', i);
+        return j < 0 ? n : j;
+    }
+    if (c == u'/' && i + 1 < n && s.at(i + 1) == u'*') {
+        const qsizetype j = s.indexOf(QStringLiteral("*/"), i + 2);
+        return j < 0 ? n : j + 2;
+    }
+    return i;
+}
+
 QString JetSyntaxAnpassen(const QString& sql)
 {
     if (!sql.contains(u"left", Qt::CaseInsensitive) && !sql.contains(u"right", Qt::CaseInsensitive))
@@ -762,30 +793,7 @@ QString JetSyntaxAnpassen(const QString& sql)
     qsizetype i = 0;
     while (i < n) {
         const QChar c = sql.at(i);
-        if (c == u'\'' || c == u'"' || c == u'`' || c == u'[') {
-            const QChar ende = c == u'[' ? QChar(u']') : c;
-            qsizetype j = i + 1;
-            while (j < n) {
-                if (sql.at(j) == ende) {
-                    if (ende != u']' && j + 1 < n && sql.at(j + 1) == ende) {
-                        j += 2;
-                        continue;
-                    }
-                    ++j;
-                    break;
-                }
-                ++j;
-            }
-            aus += QStringView(sql).sliced(i, j - i);
-            i = j;
-        } else if (c == u'-' && i + 1 < n && sql.at(i + 1) == u'-') {
-            qsizetype j = sql.indexOf(u'\n', i);
-            j = j < 0 ? n : j;
-            aus += QStringView(sql).sliced(i, j - i);
-            i = j;
-        } else if (c == u'/' && i + 1 < n && sql.at(i + 1) == u'*') {
-            qsizetype j = sql.indexOf(QStringLiteral("*/"), i + 2);
-            j = j < 0 ? n : j + 2;
+        if (const qsizetype j = SqlUeberspringen(sql, i); j > i) {
             aus += QStringView(sql).sliced(i, j - i);
             i = j;
         } else if (istWortzeichen(c)) {

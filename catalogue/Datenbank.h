@@ -60,6 +60,9 @@ bool IstJetDatei(const QString& pfad);
 // and quoted names become "left"(...) and "right"(...), since SQLite reads the bare words
 // as join keywords. Everything else is passed through.
 QString JetSyntaxAnpassen(const QString& sql);
+// The position behind a quoted literal, a bracketed name or a comment that starts at i
+// (an unclosed one runs to the end); i itself when none starts there.
+qsizetype SqlUeberspringen(const QString& s, qsizetype i);
 
 // The caseless German comparison the collation uses: "Ärzte" sorts among the A, case is
 // ignored, umlauts come right after their base letter. Negative, 0 or positive.

@@ -43,26 +43,8 @@ std::vector<Wort> obersteWoerter(const QString& s)
     int tiefe = 0;
     while (i < n) {
         const QChar c = s.at(i);
-        if (c == u'\'' || c == u'"' || c == u'`' || c == u'[') {
-            const QChar ende = c == u'[' ? QChar(u']') : c;
-            qsizetype j = i + 1;
-            while (j < n) {
-                if (s.at(j) == ende) {
-                    if (ende != u']' && j + 1 < n && s.at(j + 1) == ende) {
-                        j += 2;
-                        continue;
-                    }
-                    break;
-                }
-                ++j;
-            }
-            i = j + 1;
-        } else if (c == u'-' && i + 1 < n && s.at(i + 1) == u'-') {
-            const qsizetype j = s.indexOf(u'\n', i);
-            i = j < 0 ? n : j + 1;
-        } else if (c == u'/' && i + 1 < n && s.at(i + 1) == u'*') {
-            const qsizetype j = s.indexOf(QStringLiteral("*/"), i + 2);
-            i = j < 0 ? n : j + 2;
+        if (const qsizetype j = SqlUeberspringen(s, i); j > i) {
+            i = j;
         } else if (c == u'(') {
             ++tiefe;
             ++i;

@@ -27,27 +27,7 @@ int Zustand(QMediaPlayer::PlaybackState s)
 
 class EchterMedienspieler : public Medienspieler {
 public:
-    explicit EchterMedienspieler(QObject* eltern)
-        : Medienspieler(eltern)
-    {
-        m_player.setAudioOutput(&m_audio);
-        connect(&m_player, &QMediaPlayer::playbackStateChanged, this, [this] {
-            if (!m_stumm)
-                melden();
-        });
-        // A position asked for while the file loads is taken once the backend can seek;
-        // before that GStreamer drops it.
-        connect(&m_player, &QMediaPlayer::seekableChanged, this, &EchterMedienspieler::ausstehendeNehmen);
-        connect(&m_player, &QMediaPlayer::mediaStatusChanged, this, [this](QMediaPlayer::MediaStatus s) {
-            if (s == QMediaPlayer::LoadedMedia || s == QMediaPlayer::BufferedMedia)
-                ausstehendeNehmen();
-            if (s == QMediaPlayer::BufferedMedia || s == QMediaPlayer::EndOfMedia || s == QMediaPlayer::InvalidMedia)
-                m_ausstehend = -1; // loaded and still not seekable: it never will be
-            if (s == QMediaPlayer::InvalidMedia)
-                fehlgeschlagen();
-        });
-        connect(&m_player, &QMediaPlayer::errorOccurred, this, &EchterMedienspieler::fehlgeschlagen);
-    }
+    using Medienspieler::Medienspieler;
 
     void setURL(const QString& pfad) override
     {
@@ -56,13 +36,15 @@ public:
         m_stumm = true;
         m_ausstehend = -1;
         ++m_datei;
-        m_player.stop();
+        if (m_player)
+            m_player->stop();
         m_url = pfad;
         // A file that is not there is not started: the control is stopped at once.
         const bool vorhanden = QFileInfo(pfad).isFile();
-        m_player.setSource(vorhanden ? QUrl::fromLocalFile(pfad) : QUrl());
+        if (vorhanden || m_player)
+            spieler().setSource(vorhanden ? QUrl::fromLocalFile(pfad) : QUrl());
         if (vorhanden)
-            m_player.play();
+            m_player->play();
         m_stumm = false;
         melden();
     }
@@ -70,42 +52,54 @@ public:
     void play() override
     {
         if (!m_url.isEmpty())
-            m_player.play();
+            spieler().play();
     }
     void pause() override
     {
-        if (m_player.playbackState() == QMediaPlayer::PlayingState)
-            m_player.pause();
+        if (m_player && m_player->playbackState() == QMediaPlayer::PlayingState)
+            m_player->pause();
     }
     void stop() override
     {
         m_ausstehend = -1;
-        m_player.stop();
+        if (m_player)
+            m_player->stop();
     }
     void close() override { setURL(QString()); }
     double currentPosition() const override
     {
         if (m_ausstehend >= 0)
             return m_ausstehend / 1000.0;
-        return m_player.position() / 1000.0;
+        return m_player ? m_player->position() / 1000.0 : 0.0;
     }
     void setCurrentPosition(double sekunden) override
     {
         const qint64 ms = qMax<qint64>(0, qint64(sekunden * 1000.0 + 0.5));
-        const auto status = m_player.mediaStatus();
+        QMediaPlayer& p = spieler();
+        const auto status = p.mediaStatus();
         const bool laedt = status == QMediaPlayer::LoadingMedia || status == QMediaPlayer::LoadedMedia;
-        if (laedt && !m_player.isSeekable())
+        if (laedt && !p.isSeekable())
             m_ausstehend = ms;
         else
-            m_player.setPosition(ms);
+            p.setPosition(ms);
     }
-    double duration() const override { return m_player.duration() / 1000.0; }
-    int playState() const override { return Zustand(m_player.playbackState()); }
-    void setVideoOutput(QVideoWidget* ausgabe) override { m_player.setVideoOutput(ausgabe); }
+    double duration() const override { return m_player ? m_player->duration() / 1000.0 : 0.0; }
+    int playState() const override
+    {
+        return m_player ? Zustand(m_player->playbackState()) : int(Gestoppt);
+    }
+    void setVideoOutput(QVideoWidget* ausgabe) override
+    {
+        m_video = ausgabe;
+        if (m_player)
+            m_player->setVideoOutput(ausgabe);
+    }
     QList<QPair<QString, QString>> attribute() const override
     {
         QList<QPair<QString, QString>> liste;
-        const QMediaMetaData daten = m_player.metaData();
+        if (!m_player)
+            return liste;
+        const QMediaMetaData daten = m_player->metaData();
         for (const QMediaMetaData::Key k : daten.keys()) {
             const QString wert = daten.stringValue(k);
             if (!wert.isEmpty())
@@ -124,16 +118,16 @@ private:
         QMetaObject::invokeMethod(
             this,
             [this, datei] {
-                if (datei == m_datei && m_player.playbackState() != QMediaPlayer::StoppedState)
-                    m_player.stop();
+                if (datei == m_datei && m_player && m_player->playbackState() != QMediaPlayer::StoppedState)
+                    m_player->stop();
             },
             Qt::QueuedConnection);
     }
 
     void ausstehendeNehmen()
     {
-        if (m_ausstehend >= 0 && m_player.isSeekable()) {
-            m_player.setPosition(m_ausstehend);
+        if (m_ausstehend >= 0 && m_player && m_player->isSeekable()) {
+            m_player->setPosition(m_ausstehend);
             m_ausstehend = -1;
         }
     }
@@ -147,8 +141,39 @@ private:
         emit PlayStateChange(z);
     }
 
-    QMediaPlayer m_player;
-    QAudioOutput m_audio;
+    // The backend is made at the first file: starting the program costs no multimedia set-up.
+    QMediaPlayer& spieler()
+    {
+        if (m_player)
+            return *m_player;
+        m_player = std::make_unique<QMediaPlayer>();
+        m_audio = std::make_unique<QAudioOutput>();
+        m_player->setAudioOutput(m_audio.get());
+        if (m_video)
+            m_player->setVideoOutput(m_video);
+        QMediaPlayer* p = m_player.get();
+        connect(p, &QMediaPlayer::playbackStateChanged, this, [this] {
+            if (!m_stumm)
+                melden();
+        });
+        // A position asked for while the file loads is taken once the backend can seek;
+        // before that GStreamer drops it.
+        connect(p, &QMediaPlayer::seekableChanged, this, &EchterMedienspieler::ausstehendeNehmen);
+        connect(p, &QMediaPlayer::mediaStatusChanged, this, [this](QMediaPlayer::MediaStatus s) {
+            if (s == QMediaPlayer::LoadedMedia || s == QMediaPlayer::BufferedMedia)
+                ausstehendeNehmen();
+            if (s == QMediaPlayer::BufferedMedia || s == QMediaPlayer::EndOfMedia || s == QMediaPlayer::InvalidMedia)
+                m_ausstehend = -1; // loaded and still not seekable: it never will be
+            if (s == QMediaPlayer::InvalidMedia)
+                fehlgeschlagen();
+        });
+        connect(p, &QMediaPlayer::errorOccurred, this, &EchterMedienspieler::fehlgeschlagen);
+        return *m_player;
+    }
+
+    std::unique_ptr<QMediaPlayer> m_player;
+    std::unique_ptr<QAudioOutput> m_audio;
+    QVideoWidget* m_video = nullptr;
     QString m_url;
     int m_gemeldet = Gestoppt;
     qint64 m_ausstehend = -1;

@@ -103,7 +103,8 @@ public:
     void NeuerTextFormatieren(QTextEdit* text);
 
     // ---- Table (catalogue/Ausgabebox_Tabelle.cpp) ----
-    void TabelleEinrichten();
+    // Without trackListeLaden the caller has just loaded the Track list itself.
+    void TabelleEinrichten(bool trackListeLaden = true);
     // Reads TabelleAnordnenCaption0 to 17 into SpaltenTitel.
     void SpaltenTitelLesen();
     // Visibility and widths by SpaltenTitel, column n by position n (redraw is the caller's).

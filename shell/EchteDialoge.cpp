@@ -64,27 +64,26 @@ QWidget* Bezugsfenster()
     return nullptr;
 }
 
-QString EchterDialogdienst::MsgNimb(const Meldung& m)
+namespace {
+
+// Each box is loaded fresh, centred over the window in front, shown and unloaded.
+template <class Box, class Angaben>
+QString boxZeigen(const Angaben& angaben)
 {
     QWidget* bezug = Bezugsfenster();
-    QPointer<frmMsgNimb> box = new frmMsgNimb(bezug);
-    box->Vorbereiten(m);
+    QPointer<Box> box = new Box(bezug);
+    box->Vorbereiten(angaben);
     FensterPlatzieren(box, bezug, QStringLiteral("center"), 10);
     const QString antwort = box->Anzeigen();
     delete box;
     return antwort;
 }
 
-QString EchterDialogdienst::InputNimb(const Eingabe& e)
-{
-    QWidget* bezug = Bezugsfenster();
-    QPointer<frmInputNimb> box = new frmInputNimb(bezug);
-    box->Vorbereiten(e);
-    FensterPlatzieren(box, bezug, QStringLiteral("center"), 10);
-    const QString antwort = box->Anzeigen();
-    delete box;
-    return antwort;
-}
+} // namespace
+
+QString EchterDialogdienst::MsgNimb(const Meldung& m) { return boxZeigen<frmMsgNimb>(m); }
+
+QString EchterDialogdienst::InputNimb(const Eingabe& e) { return boxZeigen<frmInputNimb>(e); }
 
 QString EchterDialogdienst::Datei(const Dateiauswahl& d)
 {

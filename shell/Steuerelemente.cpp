@@ -54,9 +54,12 @@ void Dateiliste::Refresh()
         ordner.setFilter(QDir::Files | QDir::Readable);
         namen = ordner.entryList();
     }
-    QCollator sortierung;
-    sortierung.setCaseSensitivity(Qt::CaseInsensitive);
-    sortierung.setNumericMode(false);
+    // Made once: the list is read at every record move.
+    static const QCollator sortierung = [] {
+        QCollator c;
+        c.setCaseSensitivity(Qt::CaseInsensitive);
+        return c;
+    }();
     std::sort(namen.begin(), namen.end(),
               [&](const QString& a, const QString& b) { return sortierung.compare(a, b) < 0; });
     const bool alt = blockSignals(true);
