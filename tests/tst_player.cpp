@@ -152,20 +152,6 @@ private slots:
         QVERIFY(mp1()->aufrufe.isEmpty()); // the media path was never asked
     }
 
-    void fehlendeDateiUndLeereListe()
-    {
-        starten({"A.mp3"}, false);
-        QFile::remove(musik + "A.mp3");
-        spielen(0);
-        QVERIFY(Attrappen::medien().gestartet().isEmpty());
-        QVERIFY(!Attrappen::medien().befehle.join(' ').contains("open"));
-        QCOMPARE(panel(), QString("playing:  ") + musik + "A.mp3");
-        // An empty list: the path is the folder alone.
-        w->filTrack->Refresh();
-        spielen(0);
-        QCOMPARE(panel(), QString("playing:  ") + musik);
-    }
-
     void markierteTracksOhneAuswahlStoppen()
     {
         starten({"A.mp3", "B.mp3", "C.mp3"}, false);
@@ -321,16 +307,6 @@ private slots:
         QCOMPARE(panel(), QString("no play"));
     }
 
-    void wahlDesPfadesWirdGemerkt()
-    {
-        starten({"A.mp3"}, true);
-        QVERIFY(w->mnuWinPlayerVerwenden->isChecked());
-        w->mnuWinPlayerVerwenden->trigger();
-        QCOMPARE(Lesen("WinMediaPlayer"), QString("False"));
-        w->chkVisualisierung->click();
-        QCOMPARE(Lesen("WinMediaPlayerVisualisierung"), QString("0"));
-        QCOMPARE(w->MediaPlayer1->height(), Px(960));
-    }
 };
 
 RK_TEST_MAIN(TestPlayer)
