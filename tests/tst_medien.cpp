@@ -1,5 +1,5 @@
-// The sound paths: lengths read from file headers, start and stop on path one, the
-// media player control and its double, and one real file through the real engine.
+// The sound paths: lengths read from file headers, start and stop on path one, and one
+// real file through the real media player control and engine.
 #include "support/Testumgebung.h"
 
 #include "platform/Medien.h"
@@ -27,15 +27,12 @@ bool Werkzeug(const QString& programm, const QStringList& argumente)
     return p.waitForFinished(30000) && p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
 }
 
-// A tone of the given seconds; sox writes WAV, FLAC and OGG, ffmpeg the rest.
+// A tone of the given seconds; sox writes WAV, FLAC and OGG, ffmpeg MP3.
 bool Ton(const QString& pfad, double sekunden)
 {
-    if (pfad.endsWith(u".mp3"))
-        return Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i",
-                                   QStringLiteral("sine=frequency=440:duration=%1").arg(sekunden), "-ac",
-                                   "1", "-b:a", "64k", pfad});
-    return Werkzeug("sox", {"-n", "-r", "22050", "-c", "1", pfad, "synth", QString::number(sekunden), "sine",
-                            "440"});
+    const QString s = QString::number(sekunden);
+    return pfad.endsWith(u".mp3") ? Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "sine=duration=" + s, pfad})
+                                  : Werkzeug("sox", {"-n", "-r", "22050", pfad, "synth", s, "sine", "440"});
 }
 
 // Plays a file to its end with the bare engine, in a process of its own: where no backend
@@ -44,8 +41,7 @@ int EngineProbe(const char* pfad)
 {
     MedienBackendWaehlen();
     int argc = 1;
-    char name[] = "probe";
-    char* argv[] = {name, nullptr};
+    char name[] = "probe", *argv[] = {name, nullptr};
     QCoreApplication app(argc, argv);
     QMediaPlayer player;
     if (!player.isAvailable())
@@ -81,117 +77,62 @@ private slots:
     {
         if (QStandardPaths::findExecutable("sox").isEmpty() || QStandardPaths::findExecutable("ffmpeg").isEmpty())
             QSKIP("sox or ffmpeg is missing");
-        for (const char* endung : {"wav", "ogg", "flac", "mp3"}) {
-            const QString pfad = m_ordner + QStringLiteral("Ton.") + QLatin1String(endung);
-            QVERIFY2(Ton(pfad, 1.5), endung);
+        // Blanks, umlauts and a colon in one path; the colon must not pass for a protocol.
+        const QString umlaute = Testordner("medien/Lieder für Jürgen") + QStringLiteral("Über: die Brücke - 4.ogg");
+        for (const QString& pfad : {m_ordner + "Ton.wav", m_ordner + "Ton.ogg", m_ordner + "Ton.flac",
+                                    m_ordner + "Ton.mp3", umlaute}) {
+            QVERIFY2(Ton(pfad, 1.5), qPrintable(pfad));
             const double l = BassTracklaenge(pfad);
-            QVERIFY2(qAbs(l - 1.5) < 0.1, qPrintable(QStringLiteral("%1: %2").arg(endung).arg(l)));
+            QVERIFY2(qAbs(l - 1.5) < 0.1, qPrintable(QStringLiteral("%1: %2").arg(pfad).arg(l)));
         }
+        // The measurement goes through the service, so the transport can be given lengths.
+        QCOMPARE(Attrappen::medien().gemessen.last(), umlaute);
         // A video counts by its longest stream.
         const QString film = m_ordner + QStringLiteral("Film.mp4");
         QVERIFY(Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=2",
                                     "-f", "lavfi", "-i", "sine=duration=2", "-pix_fmt", "yuv420p", "-shortest", film}));
         QVERIFY(qAbs(BassTracklaenge(film) - 2.0) < 0.15);
-        // Blanks, umlauts and a colon in the path; the colon must not pass for a protocol.
-        const QString umlaute = Testordner("medien/Lieder für Jürgen") + QStringLiteral("Über: die Brücke - 4.ogg");
-        QVERIFY(Ton(umlaute, 1.0));
-        QVERIFY(qAbs(BassTracklaenge(umlaute) - 1.0) < 0.1);
-        // The measurement goes through the service, so the transport can be given lengths.
-        QCOMPARE(Attrappen::medien().gemessen.last(), umlaute);
     }
 
     void nichtMessbar()
     {
         // Text that claims to be an MP3, a picture, an empty file, a folder, nothing at all:
-        // each is -1.0, never 0.
+        // each is -1.0, never 0. Only the real picture passes for one.
         DateiSchreiben(m_ordner + "Text.mp3", QByteArray("Dies ist kein Lied, nur Text.\n").repeated(200));
         DateiSchreiben(m_ordner + "leer.ogg", QByteArray());
+        DateiSchreiben(m_ordner + "Falsch.png", "kein Bild");
         QImage bild(64, 48, QImage::Format_RGB32);
         bild.fill(Qt::darkCyan);
-        QVERIFY(bild.save(m_ordner + "Bild.png"));
         QVERIFY(bild.save(m_ordner + "Bild.jpg"));
-        for (const char* name : {"Text.mp3", "leer.ogg", "Bild.png", "Bild.jpg", "fehlt.mp3", ""})
+        for (const char* name : {"Text.mp3", "leer.ogg", "Falsch.png", "Bild.jpg", "fehlt.mp3", ""}) {
             QCOMPARE(BassTracklaenge(m_ordner + QLatin1String(name)), -1.0);
+            QCOMPARE(IstBilddatei(m_ordner + QLatin1String(name)), qstrcmp(name, "Bild.jpg") == 0);
+        }
         QCOMPARE(BassTracklaenge(QString()), -1.0);
-
-        QVERIFY(IstBilddatei(m_ordner + "Bild.png"));
-        QVERIFY(IstBilddatei(m_ordner + "Bild.jpg"));
-        DateiSchreiben(m_ordner + "Falsch.png", "kein Bild");
-        QVERIFY(!IstBilddatei(m_ordner + "Falsch.png"));
-        QVERIFY(!IstBilddatei(m_ordner + "Text.mp3"));
-        QVERIFY(!IstBilddatei(m_ordner + "fehlt.png"));
     }
 
     void startenUndStoppen()
     {
         MedienAttrappe& m = Attrappen::medien();
-        // Nothing that names no file reaches the engine.
-        QVERIFY(!MciDateiAbspielen(m_ordner + "fehlt.mp3", "MyAlias"));
-        QVERIFY(!MciDateiAbspielen(QString(), "MyAlias"));
-        QVERIFY(!MciDateiAbspielen(m_ordner, "MyAlias"));
+        // Nothing that names no file reaches the engine; stopping with nothing open is harmless.
+        for (const QString& pfad : {m_ordner + "fehlt.mp3", QString(), m_ordner})
+            QVERIFY(!MciDateiAbspielen(pfad, "MyAlias"));
         QVERIFY(m.befehle.isEmpty());
-        // Stopping with nothing open is harmless.
         MciStoppen("MyAlias");
         QVERIFY(m.offen.isEmpty());
 
-        DateiSchreiben(m_ordner + "Eins - 3.mp3", "x");
-        DateiSchreiben(m_ordner + "Zwei Lieder für dich.ogg", "x");
-        m.befehle.clear();
+        const QString eins = m_ordner + "Eins - 3.mp3", zwei = m_ordner + "Zwei Lieder für dich.ogg";
+        DateiSchreiben(eins, "x");
+        DateiSchreiben(zwei, "x");
         // Two starts in a row as the start command makes them: one player runs.
-        MciStoppen("MyAlias");
-        QVERIFY(MciDateiAbspielen(m_ordner + "Eins - 3.mp3", "MyAlias"));
-        MciStoppen("MyAlias");
-        QVERIFY(MciDateiAbspielen(m_ordner + "Zwei Lieder für dich.ogg", "MyAlias"));
-        QCOMPARE(m.offen.size(), 1);
-        QCOMPARE(m.offen.value("myalias"), m_ordner + "Zwei Lieder für dich.ogg");
-        QCOMPARE(m.befehle, (QStringList{"stop MyAlias", "close MyAlias",
-                                         "open " + m_ordner + "Eins - 3.mp3 alias MyAlias", "play MyAlias from 0",
-                                         "stop MyAlias", "close MyAlias",
-                                         "open " + m_ordner + "Zwei Lieder für dich.ogg alias MyAlias",
-                                         "play MyAlias from 0"}));
+        for (const QString& pfad : {eins, zwei}) {
+            MciStoppen("MyAlias");
+            QVERIFY(MciDateiAbspielen(pfad, "MyAlias"));
+        }
+        QCOMPARE(m.offen, (QMap<QString, QString>{{"myalias", zwei}}));
         // Without the stop the alias is still open: the second file does not start.
-        QVERIFY(!MciDateiAbspielen(m_ordner + "Eins - 3.mp3", "MyAlias"));
-        QCOMPARE(m.gestartet(), (QStringList{m_ordner + "Eins - 3.mp3", m_ordner + "Zwei Lieder für dich.ogg"}));
-        QCOMPARE(m.offen.size(), 1);
-        MciStoppen("MyAlias");
-        QVERIFY(m.offen.isEmpty());
-    }
-
-    void spielerAttrappeFolgtDerUhr()
-    {
-        // The control's double runs on the fake clock, so the transport's tests can let
-        // a track play to its end in no time.
-        QObject eltern;
-        auto* s = static_cast<SpielerAttrappe*>(D().medien().neuerSpieler(&eltern));
-        QCOMPARE(Attrappen::medien().spieler.size(), 1);
-        QSignalSpy zustaende(s, &Medienspieler::PlayStateChange);
-        s->dauer = 5.0;
-        s->setURL(m_ordner + "Lied.mp3");
-        QCOMPARE(s->playState(), int(Medienspieler::Gestoppt));
-        QVERIFY(zustaende.isEmpty());
-        DateiSchreiben(m_ordner + "Lied.mp3", "x");
-        s->setURL(m_ordner + "Lied.mp3");
-        QCOMPARE(s->playState(), int(Medienspieler::Spielt));
-        Attrappen::uhr().vorruecken(2000);
-        QCOMPARE(s->currentPosition(), 2.0);
-        s->pause();
-        Attrappen::uhr().vorruecken(10000);
-        QCOMPARE(s->currentPosition(), 2.0);
-        s->play();
-        s->setCurrentPosition(4.0);
-        Attrappen::uhr().vorruecken(1500);
-        QCOMPARE(s->playState(), int(Medienspieler::Gestoppt));
-        QCOMPARE(s->currentPosition(), 5.0);
-        QCOMPARE(zustaende.size(), 4);
-        QCOMPARE(zustaende.at(1).at(0).toInt(), int(Medienspieler::Angehalten));
-        QCOMPARE(zustaende.last().at(0).toInt(), int(Medienspieler::Gestoppt));
-        // A test can report any state, also one that did not change.
-        s->zustandSetzen(Medienspieler::Gestoppt);
-        QCOMPARE(zustaende.size(), 5);
-        s->close();
-        QCOMPARE(s->aufrufe, (QStringList{"URL " + m_ordner + "Lied.mp3", "URL " + m_ordner + "Lied.mp3", "pause", "play", "Position 4", "close"}));
-        delete s;
-        QVERIFY(Attrappen::medien().spieler.isEmpty());
+        QVERIFY(!MciDateiAbspielen(eins, "MyAlias"));
+        QCOMPARE(m.gestartet(), (QStringList{eins, zwei}));
     }
 
     void echteWiedergabe()
@@ -215,11 +156,9 @@ private slots:
         Medienspieler* s = echt->neuerSpieler(&eltern);
         QSignalSpy zustaende(s, &Medienspieler::PlayStateChange);
         s->setURL(pfad);
-        QCOMPARE(s->URL(), pfad);
         QTRY_VERIFY_WITH_TIMEOUT(s->duration() > 0.0 || s->playState() != Medienspieler::Spielt, 5000);
         if (s->playState() != Medienspieler::Spielt && zustaende.isEmpty())
             QSKIP("the engine could not play the file here");
-        QCOMPARE(zustaende.first().at(0).toInt(), int(Medienspieler::Spielt));
         QVERIFY(qAbs(s->duration() - 1.0) < 0.1);
         // It plays to its end by itself and says so.
         QTRY_COMPARE_WITH_TIMEOUT(s->playState(), int(Medienspieler::Gestoppt), 8000);
@@ -233,12 +172,10 @@ private slots:
         uhr.start();
         s->setURL(lang);
         s->setCurrentPosition(1.5);
-        QVERIFY(s->currentPosition() >= 1.5);
         QTRY_COMPARE_WITH_TIMEOUT(s->playState(), int(Medienspieler::Gestoppt), 8000);
         QVERIFY2(uhr.elapsed() < 1600, qPrintable(QString::number(uhr.elapsed())));
-        // Started again and closed: stopped, and the file is let go.
+        // Closed: stopped, and the file is let go.
         s->setURL(pfad);
-        QCOMPARE(s->playState(), int(Medienspieler::Spielt));
         s->close();
         QCOMPARE(s->playState(), int(Medienspieler::Gestoppt));
         QVERIFY(s->URL().isEmpty());
@@ -249,16 +186,12 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(s->playState(), int(Medienspieler::Gestoppt), 5000);
         s->setURL(pfad);
         QCOMPARE(s->playState(), int(Medienspieler::Spielt));
-        zustaende.clear();
         s->setURL(m_ordner + "fehlt.mp3");
         QCOMPARE(s->playState(), int(Medienspieler::Gestoppt));
-        QCOMPARE(zustaende.size(), 1);
-        QCOMPARE(s->URL(), m_ordner + "fehlt.mp3");
 
-        // Path one on the same engine: fire and forget, one device per alias.
+        // Path one on the same engine: one device per alias, free again after the stop.
         QVERIFY(echt->oeffnenUndSpielen(pfad, "MyAlias"));
         QVERIFY(!echt->oeffnenUndSpielen(pfad, "myalias"));
-        echt->stoppenUndSchliessen("MyAlias");
         echt->stoppenUndSchliessen("MyAlias");
         QVERIFY(echt->oeffnenUndSpielen(pfad, "MyAlias"));
         QVERIFY(!echt->oeffnenUndSpielen(m_ordner + "fehlt.wav", "Anderer"));
