@@ -52,15 +52,6 @@ void haken(QListWidget* liste, const QString& text, bool an = true)
 
 QString pg(const QString& name) { return Testumgebung::programmOrdner() + name; }
 
-// A music folder with the given number of Tracks.
-QString musik(const QString& name, int tracks)
-{
-    const QString ordner = Testordner("ausschluss/musik/" + name);
-    for (int i = 0; i < tracks; ++i)
-        DateiSchreiben(ordner + QStringLiteral("Track %1.mp3").arg(i), "x");
-    return ordner;
-}
-
 } // namespace
 
 class TestAusschluss : public QObject {
@@ -85,11 +76,8 @@ class TestAusschluss : public QObject {
     // Abba/Pop, Bach/Klassik, Cream/Blues-Rock, Doors/rock, in this order.
     void vierTontraeger()
     {
-        const char* daten[][2] = {{"Abba", "Pop"}, {"Bach", "Klassik"}, {"Cream", "Blues-Rock"}, {"Doors", "rock"}};
-        QList<Zeilenwerte> zeilen;
-        for (const auto& d : daten)
-            zeilen << Zeilenwerte{{"Band", d[0]}, {"Stil", d[1]}};
-        starten(zeilen);
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}}, Zeilenwerte{{"Band", "Bach"}, {"Stil", "Klassik"}},
+                 Zeilenwerte{{"Band", "Cream"}, {"Stil", "Blues-Rock"}}, Zeilenwerte{{"Band", "Doors"}, {"Stil", "rock"}}});
     }
 
     // One random choice with these numbers; returns how many it drew.
@@ -320,8 +308,11 @@ private slots:
 
     void trackNieEintragNull()
     {
+        const QString abba = Testordner("ausschluss/musik/Abba");
+        for (int i = 0; i < 4; ++i)
+            DateiSchreiben(abba + QStringLiteral("Track %1.mp3").arg(i), "x");
         Speichern("ShuffleSongProCD", "3");
-        starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik("Abba", 4)}},
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", abba}},
                  Zeilenwerte{{"Band", "Cream"}, {"Musikpfad", Testordner("ausschluss/musik/leer")}}});
         // More Tracks of the Carrier: the whole part of (L - 1) * r + 1, from 1 to L - 1,
         // also where a single would round r up to 1.
