@@ -47,14 +47,29 @@ QString Lesen(QTextDocument& d, const QString& rtf)
     return d.toPlainText();
 }
 
-QString Rundreise(const QTextDocument& d, QString* zweites = nullptr)
+// Writes the document, reads that and writes again: the first and the second text.
+QPair<QString, QString> Rundreise(const QTextDocument& d, QTextDocument& gelesen)
 {
-    const QString eins = RtfSchreiben(&d);
-    QTextDocument d2;
-    RtfLesen(eins, &d2, Standard());
-    if (zweites)
-        *zweites = RtfSchreiben(&d2);
-    return eins;
+    const QString erstes = RtfSchreiben(&d);
+    RtfLesen(erstes, &gelesen, Standard());
+    return {erstes, RtfSchreiben(&gelesen)};
+}
+
+// The list of each paragraph, "-" for none, else its style and the number given.
+QString Listen(const QTextDocument& d, const std::function<int(const QTextBlock&)>& nummer)
+{
+    QStringList arten;
+    for (QTextBlock b = d.begin(); b.isValid(); b = b.next())
+        arten << (b.textList() ? u"%1:%2"_s.arg(b.textList()->format().style()).arg(nummer(b)) : u"-"_s);
+    return arten.join(u' ');
+}
+
+// Appends a run of text in the format the step makes.
+void Lauf(QTextCursor& c, const QString& text, const std::function<void(QTextCharFormat&)>& setzen)
+{
+    QTextCharFormat f;
+    setzen(f);
+    c.insertText(text, f);
 }
 
 // A text as a common word processor of the rich edit family writes it.
@@ -103,29 +118,16 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
             c.insertText(u"Grüße aus Köln: Ä Ö Ü ä ö ü ß € „zitiert“ – Łódź 😀 {x} \\y\tz"_s + QChar(0x2028) + u"nächste Zeile"_s);
             c.insertBlock();
             c.insertBlock(); // an empty paragraph in between
-            QTextCharFormat f;
-            f.setFontWeight(QFont::Bold);
-            c.insertText(u"fett"_s, f);
-            f.setFontItalic(true);
-            f.setFontUnderline(true);
-            c.insertText(u" kursiv"_s, f);
-            f = QTextCharFormat();
-            f.setFontStrikeOut(true);
-            f.setForeground(QColor(200, 10, 20));
-            f.setFontPointSize(18.5);
-            f.setFontFamilies({u"Courier New"_s});
-            c.insertText(u" durch"_s, f);
-            f = QTextCharFormat();
-            f.setBackground(QColor(255, 255, 0));
-            c.insertText(u" markiert"_s, f);
-            f = QTextCharFormat();
-            RtfVersatzSetzen(f, 30, 12);
-            c.insertText(u"hoch"_s, f);
-            RtfVersatzSetzen(f, -30, 12);
-            c.insertText(u"tief"_s, f);
-            f = QTextCharFormat();
-            f.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
-            c.insertText(u"2"_s, f);
+            Lauf(c, u"fett"_s, [](auto& f) { f.setFontWeight(QFont::Bold); });
+            Lauf(c, u" kursiv"_s, [](auto& f) { f.setFontWeight(QFont::Bold); f.setFontItalic(true); f.setFontUnderline(true); });
+            Lauf(c, u" durch"_s, [](auto& f) {
+                f.setFontStrikeOut(true); f.setForeground(QColor(200, 10, 20)); f.setFontPointSize(18.5);
+                f.setFontFamilies({u"Courier New"_s});
+            });
+            Lauf(c, u" markiert"_s, [](auto& f) { f.setBackground(QColor(255, 255, 0)); });
+            Lauf(c, u"hoch"_s, [](auto& f) { RtfVersatzSetzen(f, 30, 12); });
+            Lauf(c, u"tief"_s, [](auto& f) { RtfVersatzSetzen(f, -30, 12); });
+            Lauf(c, u"2"_s, [](auto& f) { f.setVerticalAlignment(QTextCharFormat::AlignSuperScript); });
         },
         [](QTextDocument& d) {
             QTextCursor c(&d);
@@ -149,32 +151,30 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
             c.insertText(u"Blocksatz"_s);
         },
         [](QTextDocument& d) {
-            // Each kind of list; two like lists in a row at the end.
+            // Each kind of list, one indented, a plain paragraph between two; two like lists
+            // in a row at the end.
             QTextCursor c(&d);
             c.insertText(u"Titel"_s);
-            c.insertBlock();
-            c.createList(QTextListFormat::ListDisc);
-            c.insertText(u"eins"_s);
-            c.insertBlock();
-            c.insertText(u"zwei"_s);
+            auto liste = [&](QTextListFormat::Style art, const QStringList& punkte, int einzug = 1) {
+                c.insertBlock(QTextBlockFormat());
+                QTextListFormat lf;
+                lf.setStyle(art);
+                lf.setIndent(einzug);
+                c.createList(lf);
+                c.insertText(punkte.first());
+                for (const QString& punkt : punkte.sliced(1)) {
+                    c.insertBlock();
+                    c.insertText(punkt);
+                }
+            };
+            liste(QTextListFormat::ListDisc, {u"eins"_s, u"zwei"_s});
             c.insertBlock(QTextBlockFormat());
             c.insertText(u"dazwischen"_s);
-            c.insertBlock();
-            QTextListFormat lf;
-            lf.setStyle(QTextListFormat::ListDecimal);
-            lf.setIndent(2);
-            c.createList(lf);
-            c.insertText(u"erstens"_s);
-            c.insertBlock();
-            c.insertText(u"zweitens"_s);
-            const QList<QPair<QTextListFormat::Style, QString>> weitere = {
-                {QTextListFormat::ListUpperRoman, u"römisch"_s}, {QTextListFormat::ListLowerAlpha, u"buchstabe"_s},
-                {QTextListFormat::ListDisc, u"a"_s},             {QTextListFormat::ListDisc, u"b"_s}};
-            for (const auto& [art, text] : weitere) {
-                c.insertBlock(QTextBlockFormat());
-                c.createList(art);
-                c.insertText(text);
-            }
+            liste(QTextListFormat::ListDecimal, {u"erstens"_s, u"zweitens"_s}, 2);
+            liste(QTextListFormat::ListUpperRoman, {u"römisch"_s});
+            liste(QTextListFormat::ListLowerAlpha, {u"buchstabe"_s});
+            liste(QTextListFormat::ListDisc, {u"a"_s});
+            liste(QTextListFormat::ListDisc, {u"b"_s});
         },
         [](QTextDocument& d) {
             QFont f(u"Segoe UI"_s, 12);
@@ -182,24 +182,18 @@ std::vector<std::function<void(QTextDocument&)>> Bauplaene()
             d.setDefaultFont(f); // unset properties follow the document's font
             QTextCursor c(&d);
             c.insertText(u"Standard fett"_s);
-            QTextCharFormat g;
-            g.setFontFamilies({u"Schrift; mit {Klammer} und Ä"_s});
-            c.insertText(u" fremd"_s, g);
+            Lauf(c, u" fremd"_s, [](auto& g) { g.setFontFamilies({u"Schrift; mit {Klammer} und Ä"_s}); });
             c.insertBlock();
             QTextCharFormat leer;
             leer.setFontPointSize(30);
             c.setBlockCharFormat(leer); // an empty last paragraph keeps its size
         },
         [](QTextDocument& d) {
+            // Values past every range, and characters that have no place in a paragraph.
             QTextCursor c(&d);
-            QTextCharFormat f;
-            f.setFontPointSize(0.2); // below the smallest size
-            c.insertText(u"winzig"_s, f);
-            f.setFontPointSize(5000);
-            c.insertText(u"riesig"_s, f);
-            f.setFontPointSize(qQNaN());
-            RtfVersatzSetzen(f, 1 << 30, 12);
-            c.insertText(u"kaputt"_s, f);
+            Lauf(c, u"winzig"_s, [](auto& f) { f.setFontPointSize(0.2); });
+            Lauf(c, u"riesig"_s, [](auto& f) { f.setFontPointSize(5000); });
+            Lauf(c, u"kaputt"_s, [](auto& f) { f.setFontPointSize(qQNaN()); RtfVersatzSetzen(f, 1 << 30, 12); });
             c.insertText(QString(QChar(0x0001)) + QChar(0xFFFC) + QChar(0x0080) + QChar(0x009F));
             QTextBlockFormat b;
             b.setLeftMargin(1e9);
@@ -225,11 +219,10 @@ QString Verderben(QString text, QRandomGenerator& z)
         u"\\'82\\'a0"_s, u"\\abcdefghijklmnopqrstuvwxyzabcdefghijklmnop"_s, u"\\v"_s, QString(QChar(0)),
         QString(QChar(0xD800)), QString(QChar(0x2029)), QString(QChar(0xFFFC)),
     };
-    const int schritte = 1 + int(z.bounded(8));
-    for (int s = 0; s < schritte && !text.isEmpty(); ++s) {
+    for (int s = 1 + int(z.bounded(8)); s > 0 && !text.isEmpty(); --s) {
         const int pos = int(z.bounded(quint32(text.size())));
         switch (z.bounded(6)) {
-        case 0: // flip a character
+        case 0: // flip a bit of a character
             text[pos] = QChar(char16_t(text[pos].unicode() ^ (1u << z.bounded(16))));
             break;
         case 1:
@@ -244,7 +237,6 @@ QString Verderben(QString text, QRandomGenerator& z)
             break;
         default: // repeat a piece
             text.insert(pos, text.mid(pos, int(z.bounded(30))).repeated(int(z.bounded(1, 50))));
-            break;
         }
     }
     return text;
@@ -255,16 +247,15 @@ QString Verderben(QString text, QRandomGenerator& z)
 class TestRtf : public QObject {
     Q_OBJECT
 private slots:
-    void lesenFormate();
-    void lesenSchriftenUndZeichen();
-    void lesenListen();
-    void lesenAbsatzende();
+    void lesen();
+    void zeichenUndSchriften();
+    void listen();
     void schreiben();
     void textverarbeitung();
     void unsinn();
 };
 
-void TestRtf::lesenFormate()
+void TestRtf::lesen()
 {
     // Each text is read by both readers; the document then has the formats asked for.
     struct Fall {
@@ -282,8 +273,6 @@ void TestRtf::lesenFormate()
         {"unterstrichen", "\\ul a\\ulnone b\\uldb c\\ul0 d\\ulwave e\\plain f", u"abcdef"_s, [](auto& d) {
              return Fmt(d, 0).fontUnderline() && !Fmt(d, 1).fontUnderline() && Fmt(d, 2).fontUnderline()
                  && !Fmt(d, 3).fontUnderline() && Fmt(d, 4).fontUnderline() && !Fmt(d, 5).fontUnderline(); }},
-        {"durchgestrichen", "\\strike a\\strike0 b\\striked1 c", u"abc"_s,
-         [](auto& d) { return Fmt(d, 0).fontStrikeOut() && !Fmt(d, 1).fontStrikeOut() && Fmt(d, 2).fontStrikeOut(); }},
         {"Größen", "\\fs36 a\\fs17 b\\fs c", u"abc"_s, [](auto& d) { // \fs alone: the standard size
              return Fmt(d, 0).fontPointSize() == 18 && Fmt(d, 1).fontPointSize() == 8.5 && Fmt(d, 2).fontPointSize() == 12; }},
         {"Farben", "\\cf1 r\\cf2 g\\cf0 a\\cf99 x\\highlight2 h\\highlight0 n", u"rgaxhn"_s, [](auto& d) {
@@ -291,9 +280,9 @@ void TestRtf::lesenFormate()
                  && !Fmt(d, 2).hasProperty(QTextFormat::ForegroundBrush) && !Fmt(d, 3).hasProperty(QTextFormat::ForegroundBrush)
                  && Fmt(d, 4).background().color() == QColor(0, 128, 0) && !Fmt(d, 5).hasProperty(QTextFormat::BackgroundBrush); }},
         {"Versatz", "n\\up3 h\\up0 n\\dn3 t\\up z\\dn w\\plain p", u"nhntzwp"_s, [](auto& d) {
-             return RtfVersatz(Fmt(d, 0)) == 0 && RtfVersatz(Fmt(d, 1)) == 30 && Fmt(d, 1).baselineOffset() > 0
-                 && RtfVersatz(Fmt(d, 2)) == 0 && RtfVersatz(Fmt(d, 3)) == -30 && Fmt(d, 3).baselineOffset() < 0
-                 && RtfVersatz(Fmt(d, 4)) == 60 && RtfVersatz(Fmt(d, 5)) == -60 && RtfVersatz(Fmt(d, 6)) == 0; }},
+             return RtfVersatz(Fmt(d, 1)) == 30 && Fmt(d, 1).baselineOffset() > 0 && RtfVersatz(Fmt(d, 2)) == 0
+                 && RtfVersatz(Fmt(d, 3)) == -30 && Fmt(d, 3).baselineOffset() < 0 && RtfVersatz(Fmt(d, 4)) == 60
+                 && RtfVersatz(Fmt(d, 5)) == -60 && RtfVersatz(Fmt(d, 6)) == 0; }},
         {"hoch und tief gestellt", "\\super a\\nosupersub b\\sub c", u"abc"_s, [](auto& d) {
              return Fmt(d, 0).verticalAlignment() == QTextCharFormat::AlignSuperScript
                  && Fmt(d, 1).verticalAlignment() == QTextCharFormat::AlignNormal
@@ -312,20 +301,26 @@ void TestRtf::lesenFormate()
                  && b.lineHeightType() == QTextBlockFormat::FixedHeight && Tw(b.lineHeight()) == 300; }},
         {"\\pard lässt die Zeichen", "\\b\\qc a\\par\\pard b", u"a\nb"_s,
          [](auto& d) { return Fmt(d, 2).fontWeight() == QFont::Bold && Absatz(d, 1).alignment() == Qt::AlignLeft; }},
+        {"ein leerer Absatz behält das Format seiner Marke", "a\\par\\fs48\\par b", u"a\n\nb"_s,
+         [](auto& d) { return d.findBlockByNumber(1).charFormat().fontPointSize() == 24; }},
         {"Tabulator und Zeilenumbruch", "a\\tab b\\line c\\cell d\\row e", u"a\tb\nc\td\ne"_s,
          [](auto& d) { return d.blockCount() == 2 && d.firstBlock().text() == u"a\tb\u2028c\td"_s; }},
         {"versteckt", "a{\\v b}c\\v d\\v0 e", u"ace"_s},
-        {"Klammern und Backslash", "\\{a\\}\\\\b", u"{a}\\b"_s},
-        {"Zeichen mit Namen", "\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet\\~\\_", u"—–‘’“”• ‑"_s},
+        {"Zeichen mit Namen", "\\{a\\}\\\\b\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet\\~\\_",
+         u"{a}\\b—–‘’“”• ‑"_s},
         {"ein Feld zeigt sein Ergebnis", "x {\\field{\\*\\fldinst{HYPERLINK \"http://a.example\"}}{\\fldrslt{\\ul Link}}} y",
          u"x Link y"_s},
         {"übersprungene Ziele", "{\\info{\\title Titel}{\\author Wer}}{\\stylesheet{\\s0 Normal;}}{\\*\\unbekannt Müll {x}}"
          "{\\header Kopf}{\\footer Fuß}{\\pict\\pngblip 89504e47}{\\*\\generator Gen;}{\\object{\\*\\objdata 0102}}Text",
          u"Text"_s},
-        {"unbekannte Wörter", "\\frobnicate12 a\\xyz b", u"ab"_s},
+        {"unbekannte Wörter, Zeilenenden im Quelltext", "\\frobnicate12 a\\xyz b\r\nc", u"abc"_s},
         {"\\bin mit Klammern in den Daten", "a{\\pict\\bin4 {}}\\}b", u"ab"_s},
-        {"Zeilenenden im Quelltext zählen nicht", "a\r\nb\nc", u"abc"_s},
         {"Backslash am Zeilenende ist ein Absatz", "a\\\nb", u"a\nb"_s},
+        // The closing \par opens no paragraph of its own; the one after it is dropped
+        // when empty. Text after the outermost group is no part of the document.
+        {"Absatzende", "a\\par", u"a"_s}, {"zwei Absatzenden", "a\\par\\par", u"a\n"_s},
+        {"Aufzählung ohne Text", "a\\par{\\pntext\\'b7\\tab}", u"a"_s}, {"nur ein Absatzende", "\\par", QString()},
+        {"nach der Gruppe", "a}b{c", u"a"_s},
     };
     for (const Fall& f : faelle) {
         QTextDocument d;
@@ -336,7 +331,7 @@ void TestRtf::lesenFormate()
     }
 }
 
-void TestRtf::lesenSchriftenUndZeichen()
+void TestRtf::zeichenUndSchriften()
 {
     const QList<QPair<const char*, QString>> faelle = {
         {"\\'e4\\'f6\\'fc\\'c4\\'d6\\'dc\\'df\\'E4", u"äöüÄÖÜßä"_s},
@@ -363,89 +358,46 @@ void TestRtf::lesenSchriftenUndZeichen()
     QTextDocument d;
     Lesen(d, u"{\\rtf1\\ansi\\deff1{\\fonttbl\\f0\\fswiss Arial;{\\f1\\froman{\\*\\panose 0}Times {\\*\\falt T}New Roman;}"
              "{\\f2 Gr\\'f6\\'dfe;}}a\\f0 b\\f2 c\\f9 d\\plain e}"_s);
-    QCOMPARE(d.toPlainText(), u"abcde"_s);
     const QStringList familien = {u"Times New Roman"_s, u"Arial"_s, u"Größe"_s, u"Segoe UI"_s, u"Times New Roman"_s};
     for (int i = 0; i < familien.size(); ++i)
         QCOMPARE(Familie(Fmt(d, i)), familien.at(i));
     QCOMPARE(Fmt(d, 0).fontPointSize(), 12.0);
-    QCOMPARE(d.defaultFont().family(), u"Segoe UI"_s);
 
     // \'xx follows the code page of the font's character set.
-    if (QStringDecoder("windows-1251").isValid()) {
-        const QString kyrillisch = u"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset204 Arial;}}\\'e4\\f1\\'e4\\'e0\\f0\\'e4}"_s;
-        QCOMPARE(RtfText(kyrillisch), u"äдаä"_s);
-        QCOMPARE(Lesen(d, kyrillisch), u"äдаä"_s);
-    }
+    if (QStringDecoder("windows-1251").isValid())
+        QCOMPARE(RtfText(u"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset204 Arial;}}\\'e4\\f1\\'e4\\'e0\\f0\\'e4}"_s),
+                 u"äдаä"_s);
     if (QStringDecoder("Shift_JIS").isValid())
         QCOMPARE(RtfText(u"{\\rtf1\\ansi\\ansicpg932 \\'82\\'a0x}"_s), u"あx"_s);
 
     // Plain text in the field: lines become paragraphs in the standard font, unchanged.
-    QFont standard(u"Segoe UI"_s, 14);
-    standard.setItalic(true);
     const QString zeilen = u"Zeile 1\r\nZeile 2\rZeile 3\n{\\b kein RTF}"_s;
-    RtfLesen(zeilen, &d, standard);
-    QCOMPARE(d.blockCount(), 4);
+    RtfLesen(zeilen, &d, QFont(u"Segoe UI"_s, 14));
     QCOMPARE(d.toPlainText(), u"Zeile 1\nZeile 2\nZeile 3\n{\\b kein RTF}"_s);
     QCOMPARE(RtfText(zeilen), d.toPlainText());
-    QCOMPARE(Fmt(d, 0).fontPointSize(), 14.0);
-    QVERIFY(Fmt(d, 0).fontItalic());
+    QVERIFY(Fmt(d, 0).fontPointSize() == 14 && !d.isModified() && !d.isUndoAvailable());
     QCOMPARE(Lesen(d, u" "_s), u" "_s);
-    QCOMPARE(Lesen(d, QString()), QString());
-    QCOMPARE(RtfText(QString()), QString());
-    QVERIFY(!d.isModified() && !d.isUndoAvailable());
+    QVERIFY(Lesen(d, QString()).isEmpty() && RtfText(QString()).isEmpty());
 }
 
-void TestRtf::lesenListen()
+void TestRtf::listen()
 {
-    // Old-style bullets: the list properties last until \pard.
+    // Old-style bullets last until \pard; Qt draws the bullet left of the text, so the
+    // first-line indent is kept aside. A word processor's \ls lists with \listtext, each
+    // number its own list.
     QTextDocument d;
     Lesen(d, R("Kopf\\par{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\fi-360\\li720 eins\\par"
-               "{\\pntext\\f1\\'B7\\tab}zwei\\par\\pard drei"));
-    QCOMPARE(d.toPlainText(), u"Kopf\neins\nzwei\ndrei"_s);
-    QTextList* punkte = d.findBlockByNumber(1).textList();
-    QVERIFY(punkte && !d.findBlockByNumber(0).textList() && !d.findBlockByNumber(3).textList());
-    QCOMPARE(punkte->format().style(), QTextListFormat::ListDisc);
-    QCOMPARE(punkte->count(), 2);
-    QCOMPARE(d.findBlockByNumber(2).textList(), punkte);
-    QCOMPARE(Tw(Absatz(d, 1).leftMargin()), 720);
-    QCOMPARE(Absatz(d, 1).textIndent(), 0.0); // Qt draws the bullet left of the text
-    QCOMPARE(Absatz(d, 1).intProperty(RtfEigenschaft::ErstzeileTwips), -360);
-
-    // Numbered, and a word processor's \ls lists with \listtext.
-    Lesen(d, R("{\\pntext 1.\\tab}{\\*\\pn\\pnlvlbody\\pndec{\\pntxta .}}\\li720 a\\par{\\pntext 2.\\tab}b\\par\\pard"
+               "{\\pntext\\f1\\'B7\\tab}zwei\\par\\pard drei\\par"
                "{\\listtext\\pard\\plain\\f3 \\'b7\\tab}\\ls1\\li720 c\\par{\\listtext\\pard\\plain\\f3 \\'b7\\tab}\\ls1\\li720 d\\par"
-               "\\pard{\\listtext 1)\\tab}\\ls2\\li720 e\\par\\pard{\\*\\pn\\pnlvlbody\\pnucrm}\\li500 f"));
-    QCOMPARE(d.toPlainText(), u"a\nb\nc\nd\ne\nf"_s);
-    QStringList arten;
-    for (QTextBlock b = d.begin(); b.isValid(); b = b.next())
-        arten << (b.textList() ? u"%1:%2"_s.arg(b.textList()->format().style()).arg(b.textList()->count()) : u"-"_s);
-    QCOMPARE(arten.join(u' '), u"-4:2 -4:2 -1:2 -1:2 -4:1 -8:1"_s);
-    QCOMPARE(d.findBlockByNumber(2).textList(), d.findBlockByNumber(3).textList());
-
+               "\\pard{\\listtext 1)\\tab}\\ls2\\li720 e\\par\\pard{\\*\\pn\\pnlvlbody\\pnucrm}f"));
+    QCOMPARE(d.toPlainText(), u"Kopf\neins\nzwei\ndrei\nc\nd\ne\nf"_s);
+    QCOMPARE(Listen(d, [](auto& b) { return b.textList()->count(); }), u"- -1:2 -1:2 - -1:2 -1:2 -4:1 -8:1"_s);
+    QVERIFY(d.findBlockByNumber(1).textList() != d.findBlockByNumber(4).textList());
+    QCOMPARE(Tw(Absatz(d, 1).leftMargin()), 720);
+    QCOMPARE(Absatz(d, 1).textIndent(), 0.0);
+    QCOMPARE(Absatz(d, 1).intProperty(RtfEigenschaft::ErstzeileTwips), -360);
     // Without an indent of its own the list makes room for the bullet.
-    Lesen(d, R("{\\*\\pn\\pnlvlblt} x"));
-    QVERIFY(d.firstBlock().textList());
-    QCOMPARE(d.firstBlock().textList()->format().indent(), 1);
-}
-
-void TestRtf::lesenAbsatzende()
-{
-    // The closing \par opens no paragraph of its own; the one after it is dropped when
-    // empty. Text after the outermost group is no part of the document.
-    const QList<QPair<QString, QString>> faelle = {
-        {R("a\\par"), u"a"_s}, {R("a\\par\\par"), u"a\n"_s}, {R("a\\par b"), u"a\nb"_s},
-        {R("a\\par{\\pntext\\'b7\\tab}"), u"a"_s}, {R("\\par"), QString()}, {R(""), QString()},
-        {u"{\\rtf1 a}b{c}"_s, u"a"_s},
-    };
-    for (const auto& [rtf, text] : faelle) {
-        QTextDocument d;
-        QCOMPARE(Lesen(d, rtf), text);
-        QCOMPARE(RtfText(rtf), text);
-    }
-    // An empty paragraph keeps the format of its mark.
-    QTextDocument d;
-    Lesen(d, R("a\\par\\fs48\\par b"));
-    QCOMPARE(d.findBlockByNumber(1).charFormat().fontPointSize(), 24.0);
+    QCOMPARE(d.lastBlock().textList()->format().indent(), 1);
 }
 
 void TestRtf::schreiben()
@@ -468,78 +420,53 @@ void TestRtf::schreiben()
         {5, {u"{\\f1\\fnil\\fcharset0 Schrift mit \\{Klammer\\} und \\'c4;}"_s}},
         {6, {u"\\pard\\li31680\\ri-31680\\sb31680 weit\\par\n"_s}},
     };
-    // Each document is written in ASCII and stably over a read; its text survives but for
-    // what has no place in a paragraph.
+    // Each document is written in ASCII and to the same bytes over a read; its text
+    // survives but for what has no place in a paragraph.
     const auto plaene = Bauplaene();
     for (int i = 0; i < int(plaene.size()); ++i) {
         QTextDocument d;
         d.setDefaultFont(Standard());
         plaene[i](d);
-        QString zweites;
-        const QString erstes = Rundreise(d, &zweites);
+        QTextDocument d2;
+        const auto [erstes, zweites] = Rundreise(d, d2);
         QVERIFY2(erstes == zweites, qPrintable(u"Dokument %1:\n%2\n---\n%3"_s.arg(i).arg(erstes, zweites)));
         QVERIFY(erstes.startsWith(u"{\\rtf1\\ansi\\ansicpg1252\\deff0"_s) && erstes.endsWith(u'}'));
-        for (const QChar c : erstes)
-            QVERIFY2(c.unicode() < 128, "only ASCII in the source");
+        QVERIFY2(!erstes.contains(QRegularExpression(u"[^\\x00-\\x7f]"_s)), "only ASCII in the source");
         for (const QString& teil : teile.value(i))
             QVERIFY2(erstes.contains(teil), qPrintable(erstes + u"\nohne\n"_s + teil));
-        QTextDocument d2;
-        RtfLesen(erstes, &d2, Standard());
         QCOMPARE(d2.toPlainText(), QString(d.toPlainText()).remove(QRegularExpression(u"[\\x01\\x{fffc}]"_s)));
         QCOMPARE(RtfText(erstes), d2.toPlainText());
+        // Lists keep their kinds; the second of two like lists in a row continues the first.
+        if (i == 4)
+            QCOMPARE(Listen(d2, [](auto& b) { return b.textList()->itemNumber(b); }),
+                     u"- -1:0 -1:1 - -4:0 -4:1 -8:0 -5:0 -1:0 -1:1"_s);
     }
-    QVERIFY(RtfSchreiben(nullptr).isEmpty());
-
-    // Lists keep their kinds; the second of two like lists in a row continues the first.
-    QTextDocument l;
-    plaene[4](l);
-    QTextDocument l2;
-    RtfLesen(RtfSchreiben(&l), &l2, Standard());
-    QStringList arten;
-    for (QTextBlock b = l2.begin(); b.isValid(); b = b.next())
-        arten << (b.textList() ? u"%1:%2"_s.arg(b.textList()->format().style()).arg(b.textList()->itemNumber(b)) : u"-"_s);
-    QCOMPARE(arten.join(u' '), u"- -1:0 -1:1 - -4:0 -4:1 -8:0 -5:0 -1:0 -1:1"_s);
 }
 
 void TestRtf::textverarbeitung()
 {
     // No word lost, nothing of the skipped parts shown, and both readers agree.
-    for (const char* quelle : {k_editor, k_buero}) {
+    const QList<QPair<const char*, QString>> quellen = {
+        {k_editor, u"Die große Plattensammlung Seite A: Märchenstunde – aufgenommen in Köln, Überspielung 1978 für 20€. "
+                   "Erster Titel mit Bläsern Zweiter Titel „Anführung“ Mehr unter Plattenseite und Straße Łódź. Hoben und "
+                   "unten Öl"_s},
+        {k_buero, u"Kammermusik für Flöte – Einspielung aus Große Nähe. Sonate in a-Moll Partita Nr. 2 mit Änderung "
+                  "Rechts „oben“ Schreiben"_s}};
+    for (const auto& [quelle, woerter] : quellen) {
         const QString rtf = QString::fromLatin1(quelle);
         QTextDocument d;
         const QString text = Lesen(d, rtf);
         QCOMPARE(RtfText(rtf), text);
-        const QString woerter = quelle == k_editor
-            ? u"Die große Plattensammlung Seite A: Märchenstunde – aufgenommen in Köln, Überspielung 1978 für 20€. "
-              "Erster Titel mit Bläsern Zweiter Titel „Anführung“ Mehr unter Plattenseite und Straße Łódź. Hoben und unten Öl"_s
-            : u"Kammermusik für Flöte – Einspielung aus Große Nähe. Sonate in a-Moll Partita Nr. 2 mit Änderung Rechts "
-              "„oben“ Schreiben"_s;
         QCOMPARE(text.split(QRegularExpression(u"\\s+"_s), Qt::SkipEmptyParts).join(u' '), woerter);
         for (const char* fremd : {"HYPERLINK", "0100090000", "Riched", "Normal", "Rita", "Kopfzeile", "Fußnote",
                                   "versteckt", "504b03", "89504e", "Grammarly", "Anker", "Symbol", "Calibri"})
             QVERIFY2(!text.contains(QString::fromUtf8(fremd)), fremd);
+        // Their bullets are one list; the formats of the first characters come through.
+        QVERIFY(Fmt(d, 0).fontWeight() == QFont::Bold);
+        const int punkt = quelle == k_editor ? 3 : 1;
+        QVERIFY(d.findBlockByNumber(punkt).textList());
+        QCOMPARE(d.findBlockByNumber(punkt).textList(), d.findBlockByNumber(punkt + 1).textList());
     }
-
-    QTextDocument d;
-    Lesen(d, QString::fromLatin1(k_editor));
-    QCOMPARE(d.blockCount(), 7);
-    QCOMPARE(Absatz(d, 0).alignment(), Qt::AlignHCenter);
-    QCOMPARE(Fmt(d, 0).fontWeight(), QFont::Bold);
-    QCOMPARE(Fmt(d, 0).fontPointSize(), 14.0);
-    QCOMPARE(Familie(Fmt(d, 0)), u"Segoe UI"_s);
-    QCOMPARE(Absatz(d, 1).lineHeight(), 115.0);
-    QVERIFY(d.findBlockByNumber(3).textList());
-    QCOMPARE(d.findBlockByNumber(3).textList(), d.findBlockByNumber(4).textList());
-    const QTextCharFormat link = Fmt(d, int(d.toPlainText().indexOf(u"Plattenseite"_s)));
-    QVERIFY(link.foreground().color() == QColor(0, 0, 255) && link.fontUnderline());
-
-    Lesen(d, QString::fromLatin1(k_buero));
-    QCOMPARE(Familie(Fmt(d, 0)), u"Calibri"_s);
-    QCOMPARE(Fmt(d, 0).fontWeight(), QFont::Bold);
-    QCOMPARE(Fmt(d, 0).fontPointSize(), 11.0);
-    QVERIFY(d.findBlockByNumber(1).textList());
-    QCOMPARE(d.findBlockByNumber(1).textList(), d.findBlockByNumber(2).textList());
-    QCOMPARE(Absatz(d, 3).alignment(), Qt::AlignRight);
 }
 
 void TestRtf::unsinn()
@@ -548,12 +475,9 @@ void TestRtf::unsinn()
     QList<QString> boese = {
         u"{\\rtf1 "_s + QString(200000, u'{') + u"tief"_s + QString(100000, u'}'),
         u"{\\rtf1 "_s + u"{\\b a"_s.repeated(50000),
-        u"{\\rtf1 a}}}}}}b"_s, u"{\\rtf1 {\\b abc"_s,
         u"{\\rtf1 \\fs99999999999999999999999999 \\li-99999999999999999 \\u99999999999999 \\uc99999 x}"_s,
-        u"{\\rtf1 \\bin99999999999 x}"_s, u"{\\rtf1 \\bin-5 x}"_s,
-        u"{\\rtf1 x\\"_s, u"{\\rtf1 x\\'"_s, u"{\\rtf1 x\\'4"_s, u"{\\rtf1 x\\u"_s, u"{\\rtf1 x\\u-"_s, u"{\\rtf"_s,
-        u"{\\rtf1 "_s + u"\\par"_s.repeated(100000),
-        u"{\\rtf1 \\"_s + QString(100000, u'a'),
+        u"{\\rtf1 \\bin99999999999 x}"_s, u"{\\rtf1 \\bin-5 x}"_s, u"{\\rtf1 x\\'4"_s, u"{\\rtf1 x\\u-"_s, u"{\\rtf"_s,
+        u"{\\rtf1 "_s + u"\\par"_s.repeated(100000), u"{\\rtf1 \\"_s + QString(100000, u'a'),
         u"{\\rtf1{\\fonttbl"_s + u"{\\f1 "_s.repeated(20000),
         u"{\\rtf1{\\colortbl"_s + u";"_s.repeated(100000) + u"}\\cf65535 x\\cf99999 y}"_s,
         u"{\\rtf1\\ansicpg932 "_s + u"\\'82"_s.repeated(50001) + u'}',
@@ -574,14 +498,12 @@ void TestRtf::unsinn()
     }
 
     // Seeded mutations of real texts: no crash, the two readers agree, writing stays stable.
-    QList<QString> vorlagen;
+    QList<QString> vorlagen = {QString::fromLatin1(k_editor), QString::fromLatin1(k_buero)};
     for (const auto& plan : Bauplaene()) {
         QTextDocument d;
-        d.setDefaultFont(Standard());
         plan(d);
         vorlagen << RtfSchreiben(&d);
     }
-    vorlagen << QString::fromLatin1(k_editor) << QString::fromLatin1(k_buero);
     QElapsedTimer uhr;
     uhr.start();
     constexpr int Runden = 5000;
@@ -592,8 +514,8 @@ void TestRtf::unsinn()
         if (RtfText(rtf) != d.toPlainText())
             QFAIL(qPrintable(u"Runde %1: die Leser weichen ab bei\n%2"_s.arg(runde).arg(rtf)));
         if (runde % 10 == 0) {
-            QString zweites;
-            if (Rundreise(d, &zweites) != zweites)
+            QTextDocument d2;
+            if (const auto [erstes, zweites] = Rundreise(d, d2); erstes != zweites)
                 QFAIL(qPrintable(u"Runde %1: Schreiben nicht stabil bei\n%2"_s.arg(runde).arg(rtf)));
         }
     }
