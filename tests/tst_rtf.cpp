@@ -257,7 +257,8 @@ private slots:
 
 void TestRtf::lesen()
 {
-    // Each text is read by both readers; the document then has the formats asked for.
+    // Each text is read by both readers; the document then has the formats asked for. What
+    // the round trip of written documents shows already is not asked again here.
     struct Fall {
         const char* name;
         const char* rtf;
@@ -275,10 +276,8 @@ void TestRtf::lesen()
                  && !Fmt(d, 3).fontUnderline() && Fmt(d, 4).fontUnderline() && !Fmt(d, 5).fontUnderline(); }},
         {"Größen", "\\fs36 a\\fs17 b\\fs c", u"abc"_s, [](auto& d) { // \fs alone: the standard size
              return Fmt(d, 0).fontPointSize() == 18 && Fmt(d, 1).fontPointSize() == 8.5 && Fmt(d, 2).fontPointSize() == 12; }},
-        {"Farben", "\\cf1 r\\cf2 g\\cf0 a\\cf99 x\\highlight2 h\\highlight0 n", u"rgaxhn"_s, [](auto& d) {
-             return Fmt(d, 0).foreground().color() == QColor(255, 0, 0) && Fmt(d, 1).foreground().color() == QColor(0, 128, 0)
-                 && !Fmt(d, 2).hasProperty(QTextFormat::ForegroundBrush) && !Fmt(d, 3).hasProperty(QTextFormat::ForegroundBrush)
-                 && Fmt(d, 4).background().color() == QColor(0, 128, 0) && !Fmt(d, 5).hasProperty(QTextFormat::BackgroundBrush); }},
+        {"eine unbekannte Farbnummer färbt nicht", "\\cf1 r\\cf99 x", u"rx"_s, [](auto& d) {
+             return Fmt(d, 0).foreground().color() == QColor(255, 0, 0) && !Fmt(d, 1).hasProperty(QTextFormat::ForegroundBrush); }},
         {"Versatz", "n\\up3 h\\up0 n\\dn3 t\\up z\\dn w\\plain p", u"nhntzwp"_s, [](auto& d) {
              return RtfVersatz(Fmt(d, 1)) == 30 && Fmt(d, 1).baselineOffset() > 0 && RtfVersatz(Fmt(d, 2)) == 0
                  && RtfVersatz(Fmt(d, 3)) == -30 && Fmt(d, 3).baselineOffset() < 0 && RtfVersatz(Fmt(d, 4)) == 60
@@ -294,11 +293,6 @@ void TestRtf::lesen()
         {"Ausrichtung", "\\qc a\\par\\qr b\\par\\qj c\\par\\ql d", u"a\nb\nc\nd"_s, [](auto& d) {
              return Absatz(d, 0).alignment() == Qt::AlignHCenter && Absatz(d, 1).alignment() == Qt::AlignRight
                  && Absatz(d, 2).alignment() == Qt::AlignJustify && Absatz(d, 3).alignment() == Qt::AlignLeft; }},
-        {"Abstände", "\\sb120\\sa200\\sl276\\slmult1 a\\par\\pard\\sl-300\\slmult0 b", u"a\nb"_s, [](auto& d) {
-             const QTextBlockFormat a = Absatz(d, 0), b = Absatz(d, 1);
-             return Tw(a.topMargin()) == 120 && Tw(a.bottomMargin()) == 200
-                 && a.lineHeightType() == QTextBlockFormat::ProportionalHeight && a.lineHeight() == 115
-                 && b.lineHeightType() == QTextBlockFormat::FixedHeight && Tw(b.lineHeight()) == 300; }},
         {"\\pard lässt die Zeichen", "\\b\\qc a\\par\\pard b", u"a\nb"_s,
          [](auto& d) { return Fmt(d, 2).fontWeight() == QFont::Bold && Absatz(d, 1).alignment() == Qt::AlignLeft; }},
         {"ein leerer Absatz behält das Format seiner Marke", "a\\par\\fs48\\par b", u"a\n\nb"_s,
@@ -435,7 +429,6 @@ void TestRtf::schreiben()
         for (const QString& teil : teile.value(i))
             QVERIFY2(erstes.contains(teil), qPrintable(erstes + u"\nohne\n"_s + teil));
         QCOMPARE(d2.toPlainText(), QString(d.toPlainText()).remove(QRegularExpression(u"[\\x01\\x{fffc}]"_s)));
-        QCOMPARE(RtfText(erstes), d2.toPlainText());
         // Lists keep their kinds; the second of two like lists in a row continues the first.
         if (i == 4)
             QCOMPARE(Listen(d2, [](auto& b) { return b.textList()->itemNumber(b); }),
