@@ -320,6 +320,11 @@ void FlexGrid::setColWidth(int spalte, int twips)
         return;
     if (twips < 0)
         twips = StandardBreite;
+    // The layout runs at every record move: a width that stands as it is changes nothing.
+    if (m_twips[size_t(spalte)] == twips && isColumnHidden(spalte) == (twips == 0)
+        && (twips == 0 || columnWidth(spalte) == std::max(1, Px(twips))))
+        return;
+    zeichnenAnhalten();
     m_twips[size_t(spalte)] = twips;
     if (twips == 0) {
         setColumnHidden(spalte, true);
@@ -342,6 +347,7 @@ void FlexGrid::ColPosition(int spalte, int ziel)
         v.erase(v.begin() + spalte);
         v.insert(v.begin() + ziel, wert);
     };
+    zeichnenAnhalten();
     verschieben(m_modell->felder);
     verschieben(breiten);
     m_modell->spaltenGeaendert();
@@ -354,9 +360,15 @@ void FlexGrid::setRedraw(bool an)
     if (an == m_redraw)
         return;
     m_redraw = an;
-    setUpdatesEnabled(an);
-    if (an)
-        viewport()->update();
+    // Painting comes back, and the grid is painted anew, only if something was held back.
+    if (an && !updatesEnabled())
+        setUpdatesEnabled(true);
+}
+
+void FlexGrid::zeichnenAnhalten()
+{
+    if (!m_redraw && updatesEnabled())
+        setUpdatesEnabled(false);
 }
 
 void FlexGrid::kopfGeklickt(int spalte)

@@ -82,6 +82,8 @@ protected:
 
 private:
     void kopfGeklickt(int spalte);
+    // With Redraw off: stops painting before the first change of the layout.
+    void zeichnenAnhalten();
     void zelleSetzen(int zeile, int spalte, bool anker);
     void auswahlZeigen();
     void mausPosition(const QPoint& p);
