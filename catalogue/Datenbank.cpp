@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <vector>
 
 // ---------------------------------------------------------------------------------------
 // Text rules of the collation and of like(). Both run once per row over large
@@ -732,9 +733,12 @@ bool istWortzeichen(QChar c)
 
 void JetFunktionenAnmelden(sqlite3* db)
 {
-    // Replaces the built-in NOCASE that the text columns are declared with; other
-    // programs keep sorting the file with their own NOCASE.
-    sqlite3_create_collation(db, "NOCASE", SQLITE_UTF8, nullptr, kollation);
+    // The text columns keep SQLite's own NOCASE, so that every program, and every index
+    // another program made on them, orders and compares them alike: the file stays intact
+    // whoever writes it. The German rules ("Ärzte" among the A, umlauts caseless) come in
+    // under a name of their own, which JetSyntaxAnpassen adds to the sorting and the
+    // comparisons of the system's statements.
+    sqlite3_create_collation(db, DeutschKollation, SQLITE_UTF8, nullptr, kollation);
     anmelden(db, "like", 2, likeFunktion);
     anmelden(db, "like", 3, likeFunktion);
     anmelden(db, "ucase", 1, ucaseFunktion);
@@ -783,46 +787,243 @@ qsizetype SqlUeberspringen(const QString& s, qsizetype i)
     return i;
 }
 
-QString JetSyntaxAnpassen(const QString& sql)
+namespace {
+
+// Statements whose text goes into the schema or that take no expressions: another
+// program must be able to read the schema, and it knows no collation of ours.
+bool schemaAnweisung(QStringView wort)
 {
-    if (!sql.contains(u"left", Qt::CaseInsensitive) && !sql.contains(u"right", Qt::CaseInsensitive))
-        return sql;
-    QString aus;
-    aus.reserve(sql.size() + 8);
-    const qsizetype n = sql.size();
-    qsizetype i = 0;
-    while (i < n) {
-        const QChar c = sql.at(i);
-        if (const qsizetype j = SqlUeberspringen(sql, i); j > i) {
-            aus += QStringView(sql).sliced(i, j - i);
-            i = j;
-        } else if (istWortzeichen(c)) {
-            qsizetype j = i;
-            while (j < n && istWortzeichen(sql.at(j)))
-                ++j;
-            const QStringView wort = QStringView(sql).sliced(i, j - i);
-            bool ersetzt = false;
-            if (!c.isDigit()
-                && (wort.compare(u"left", Qt::CaseInsensitive) == 0
-                    || wort.compare(u"right", Qt::CaseInsensitive) == 0)) {
-                qsizetype k = j;
-                while (k < n && sql.at(k).isSpace())
-                    ++k;
-                if (k < n && sql.at(k) == u'(') {
-                    aus += u'"' + wort.toString().toLower() + u'"';
-                    ersetzt = true;
-                }
+    for (const char16_t* w : {u"create", u"alter", u"drop", u"pragma", u"attach", u"detach", u"vacuum",
+                              u"reindex", u"analyze"})
+        if (wort.compare(QStringView(w), Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+bool wortIst(QStringView wort, std::initializer_list<const char16_t*> woerter)
+{
+    for (const char16_t* w : woerter)
+        if (wort.compare(QStringView(w), Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+// The terms of one "order by" or "group by" list, at one depth of parentheses.
+struct Sortierliste {
+    int tiefe = 0;
+    qsizetype inhaltEnde = -1; // end of the current term in the output; -1 before its first token
+    bool hatKollation = false;
+    bool termZu = false;       // "asc", "desc" or "nulls" closed the term
+};
+
+class JetUmschreiber {
+public:
+    explicit JetUmschreiber(const QString& sql)
+        : m_sql(sql)
+        , m_n(sql.size())
+    {
+        m_aus.reserve(m_n + 32);
+    }
+
+    QString umschreiben()
+    {
+        while (m_i < m_n) {
+            const QChar c = m_sql.at(m_i);
+            if (const qsizetype j = SqlUeberspringen(m_sql, m_i); j > m_i) {
+                const bool kommentar = c == u'-' || c == u'/';
+                const bool text = c == u'\'' || c == u'"';
+                const bool vergleich = text && m_kollationen && nebenVergleich(j, c == u'\'');
+                m_aus += QStringView(m_sql).sliced(m_i, j - m_i);
+                m_i = j;
+                if (vergleich && !folgtWort(u"collate"))
+                    m_aus += kollation();
+                if (!kommentar)
+                    inhalt();
+            } else if (istWortzeichen(c)) {
+                wort();
+            } else if (c.isSpace()) {
+                m_aus += c;
+                ++m_i;
+            } else if (c == u'&') {
+                m_aus += QStringLiteral("||");
+                ++m_i;
+                inhalt();
+            } else if (c == u'(') {
+                m_aus += c;
+                ++m_i;
+                inhalt();
+                ++m_tiefe;
+            } else if (c == u')') {
+                listenBeenden(m_tiefe);
+                m_aus += c;
+                ++m_i;
+                m_tiefe = std::max(0, m_tiefe - 1);
+                inhalt();
+            } else if (c == u',') {
+                if (!m_listen.empty() && m_listen.back().tiefe == m_tiefe)
+                    termBeenden(m_listen.back());
+                m_aus += c;
+                ++m_i;
+            } else if (c == u';') {
+                listenBeenden(0);
+                m_aus += c;
+                ++m_i;
+                m_tiefe = 0;
+                m_ersteWort = true;
+                m_kollationen = !m_triggerText;
+            } else {
+                m_aus += c;
+                ++m_i;
+                inhalt();
             }
-            if (!ersetzt)
-                aus += wort;
-            i = j;
-        } else {
-            aus += c;
-            ++i;
+        }
+        listenBeenden(0);
+        return m_aus;
+    }
+
+private:
+    static QString kollation() { return QStringLiteral(" COLLATE ") + QLatin1String(DeutschKollation); }
+
+    void inhalt()
+    {
+        if (!m_listen.empty() && m_tiefe >= m_listen.back().tiefe && !m_listen.back().termZu)
+            m_listen.back().inhaltEnde = m_aus.size();
+    }
+
+    void termBeenden(Sortierliste& l)
+    {
+        if (l.inhaltEnde >= 0 && !l.hatKollation)
+            m_aus.insert(l.inhaltEnde, kollation());
+        l = Sortierliste{l.tiefe};
+    }
+
+    // Ends the lists at this depth and deeper.
+    void listenBeenden(int tiefe)
+    {
+        while (!m_listen.empty() && m_listen.back().tiefe >= tiefe) {
+            if (!m_listen.back().termZu)
+                termBeenden(m_listen.back());
+            m_listen.pop_back();
         }
     }
-    return aus;
-}
+
+    // The position of the next token after blanks and comments from j.
+    qsizetype naechstes(qsizetype j) const
+    {
+        while (j < m_n) {
+            if (m_sql.at(j).isSpace()) {
+                ++j;
+                continue;
+            }
+            const QChar c = m_sql.at(j);
+            if ((c == u'-' || c == u'/') && SqlUeberspringen(m_sql, j) > j) {
+                j = SqlUeberspringen(m_sql, j);
+                continue;
+            }
+            break;
+        }
+        return j;
+    }
+
+    QStringView wortAb(qsizetype j) const
+    {
+        qsizetype k = j;
+        while (k < m_n && istWortzeichen(m_sql.at(k)))
+            ++k;
+        return QStringView(m_sql).sliced(j, k - j);
+    }
+
+    bool folgtWort(const char16_t* w) const
+    {
+        return wortAb(naechstes(m_i)).compare(QStringView(w), Qt::CaseInsensitive) == 0;
+    }
+
+    // A quoted text ending at j that stands behind =, <, >, <>, <=, >= or !=, or, when
+    // it is no name (a name may be the column of "set x = ..."), before one.
+    bool nebenVergleich(qsizetype j, bool auchDavor) const
+    {
+        qsizetype k = m_aus.size();
+        while (k > 0 && m_aus.at(k - 1).isSpace())
+            --k;
+        if (k > 0 && (m_aus.at(k - 1) == u'=' || m_aus.at(k - 1) == u'<' || m_aus.at(k - 1) == u'>'))
+            return true;
+        const qsizetype danach = naechstes(j);
+        if (!auchDavor || danach >= m_n)
+            return false;
+        const QChar c = m_sql.at(danach);
+        return c == u'=' || c == u'<' || c == u'>'
+               || (c == u'!' && danach + 1 < m_n && m_sql.at(danach + 1) == u'=');
+    }
+
+    void wort()
+    {
+        qsizetype j = m_i;
+        while (j < m_n && istWortzeichen(m_sql.at(j)))
+            ++j;
+        const QStringView w = QStringView(m_sql).sliced(m_i, j - m_i);
+        if (m_ersteWort) {
+            m_ersteWort = false;
+            if (schemaAnweisung(w))
+                m_kollationen = false;
+        }
+        // The statements of a trigger body are part of the schema too.
+        if (!m_kollationen && wortIst(w, {u"trigger"}))
+            m_triggerText = true;
+
+        Sortierliste* liste = (!m_listen.empty() && m_listen.back().tiefe == m_tiefe) ? &m_listen.back() : nullptr;
+        const bool nachTerm = liste && (liste->inhaltEnde >= 0 || liste->termZu);
+        if (m_kollationen && wortIst(w, {u"order", u"group"})) {
+            const qsizetype b = naechstes(j);
+            if (wortAb(b).compare(u"by", Qt::CaseInsensitive) == 0) {
+                listenBeenden(m_tiefe);
+                m_aus += QStringView(m_sql).sliced(m_i, b + 2 - m_i);
+                m_i = b + 2;
+                m_listen.push_back(Sortierliste{m_tiefe});
+                return;
+            }
+        }
+        if (liste && nachTerm) {
+            if (wortIst(w, {u"asc", u"desc", u"nulls"})) {
+                if (!liste->termZu)
+                    termBeenden(*liste);
+                liste->termZu = true;
+            } else if (wortIst(w, {u"limit", u"offset", u"having", u"window", u"rows", u"range", u"groups",
+                                   u"union", u"except", u"intersect"})) {
+                listenBeenden(m_tiefe);
+                liste = nullptr;
+            }
+        }
+        if (liste && !liste->termZu && wortIst(w, {u"collate"}))
+            liste->hatKollation = true;
+
+        bool ersetzt = false;
+        if (!m_sql.at(m_i).isDigit() && wortIst(w, {u"left", u"right"})) {
+            const qsizetype k = naechstes(j);
+            if (k < m_n && m_sql.at(k) == u'(') {
+                m_aus += u'"' + w.toString().toLower() + u'"';
+                ersetzt = true;
+            }
+        }
+        if (!ersetzt)
+            m_aus += w;
+        m_i = j;
+        inhalt();
+    }
+
+    const QString& m_sql;
+    const qsizetype m_n;
+    QString m_aus;
+    qsizetype m_i = 0;
+    int m_tiefe = 0;
+    std::vector<Sortierliste> m_listen;
+    bool m_ersteWort = true;
+    bool m_kollationen = true;
+    bool m_triggerText = false;
+};
+
+} // namespace
+
+QString JetSyntaxAnpassen(const QString& sql) { return JetUmschreiber(sql).umschreiben(); }
 
 // ---------------------------------------------------------------------------------------
 // The connection.

@@ -1,7 +1,7 @@
 #pragma once
 // One SQLite connection to a catalogue, with what the Jet dialect of the system needs:
-// Jet's like(), the caseless German collation in place of NOCASE, and the common Jet
-// functions of the SQL console.
+// Jet's like(), the caseless German collation and the common Jet functions of the SQL
+// console.
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -50,15 +50,23 @@ private:
     sqlite3* m_db = nullptr;
 };
 
+// The name under which the caseless German collation is registered.
+inline constexpr char DeutschKollation[] = "DEUTSCH";
+
 // Registers like(), the collation and the Jet functions on any connection.
 void JetFunktionenAnmelden(sqlite3* db);
 
 // True when the file begins like a Jet/ACE database (an old ".mdb").
 bool IstJetDatei(const QString& pfad);
 
-// Jet SQL made acceptable to SQLite: the calls left(...) and right(...) outside literals
-// and quoted names become "left"(...) and "right"(...), since SQLite reads the bare words
-// as join keywords. Everything else is passed through.
+// Jet SQL made acceptable to SQLite, outside literals, quoted names and comments:
+// - the calls left(...) and right(...) become "left"(...) and "right"(...), since SQLite
+//   reads the bare words as join keywords;
+// - Jet's "&" joins texts and becomes "||" (to SQLite it is a bitwise and);
+// - the terms of "order by" and "group by", and a quoted text beside a comparison, get
+//   "COLLATE DEUTSCH", so that they sort and compare as Jet does (not in statements that
+//   change the schema, whose text is stored in the file).
+// Everything else is passed through.
 QString JetSyntaxAnpassen(const QString& sql);
 // The position behind a quoted literal, a bracketed name or a comment that starts at i
 // (an unclosed one runs to the end); i itself when none starts there.

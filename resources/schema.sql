@@ -1,10 +1,10 @@
 -- The empty catalogue. The build turns this script into Archiv_leer.db; the program
 -- itself never creates a table, new catalogues are copies of that file.
 --
--- The text columns are declared NOCASE so that any SQLite program can read and sort
--- the file. Rillenkammer replaces NOCASE on its own connections with a caseless German
--- collation ("Ärzte" among the A), which is why the table carries no index: an index
--- ordered by one collation would look damaged to a program using the other.
+-- The text columns are declared NOCASE, SQLite's own, so that any SQLite program can read,
+-- sort and index the file. Rillenkammer sorts and compares by a caseless German collation
+-- ("Ärzte" among the A) of its own name that it names in its statements; it never
+-- replaces NOCASE, so an index made by any program stays in order.
 PRAGMA page_size = 4096;
 PRAGMA journal_mode = DELETE;
 

@@ -9,6 +9,7 @@
 #include "platform/Pfade.h"
 
 #include <QFile>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QToolButton>
 
@@ -27,6 +28,16 @@ int s_zaehler = 0;
 QString katalogMit(const QStringList& bands = {})
 {
     return KatalogAnlegen(Testordner("kataloge") + QStringLiteral("k%1.db").arg(++s_zaehler), Baender(bands));
+}
+
+// Runs statements with the plain sqlite3 tool, which knows none of the program's rules.
+QString sqlite3Werkzeug(const QString& pfad, const QString& sql)
+{
+    QProcess werkzeug;
+    werkzeug.start(QStringLiteral("sqlite3"), {QStringLiteral("-bail"), pfad, sql});
+    if (!werkzeug.waitForFinished(20000) || werkzeug.exitCode() != 0)
+        qFatal("sqlite3: %s", werkzeug.readAllStandardError().constData());
+    return QString::fromUtf8(werkzeug.readAllStandardOutput());
 }
 
 // The first value of a statement's first row.
@@ -195,6 +206,26 @@ private slots:
         QCOMPARE(abfragen(*db, "select count(*) from Schallplatten s left join Schallplatten t "
                                "on s.rowid = t.rowid where left(s.Band, 1) = 'C'").toInt(), 1);
 
+        // Jet's "&" joins texts; the German collation goes to sorting and comparisons with a
+        // text, never into statements whose text the file keeps.
+        const QList<QPair<const char*, const char*>> umschrieben = {
+            {"select a & 'x&y' & \"&\" from t", "select a || 'x&y' || \"&\" from t"},
+            {"select * from t order by Band, LPTitel DESC", "select * from t order by Band COLLATE DEUTSCH, LPTitel COLLATE DEUTSCH DESC"},
+            {"select * from t order by left(a, 2) asc nulls first, b collate binary limit 3",
+             "select * from t order by \"left\"(a, 2) COLLATE DEUTSCH asc nulls first, b collate binary limit 3"},
+            {"select (select a from u order by a) x from t group by x having 1 order by 1",
+             "select (select a from u order by a COLLATE DEUTSCH) x from t group by x COLLATE DEUTSCH having 1 order by 1 COLLATE DEUTSCH"},
+            {"select * from t where a = 'b' and 'c' <> b or d >= \"e\" -- x = 'y'",
+             "select * from t where a = 'b' COLLATE DEUTSCH and 'c' COLLATE DEUTSCH <> b or d >= \"e\" COLLATE DEUTSCH -- x = 'y'"},
+            {"update t set \"a\" = 'b' where a like 'c'", "update t set \"a\" = 'b' COLLATE DEUTSCH where a like 'c'"},
+            {"create view v as select * from t where a = 'b' order by a; select 1 order by 1",
+             "create view v as select * from t where a = 'b' order by a; select 1 order by 1 COLLATE DEUTSCH"},
+            {"create trigger r after insert on t begin update t set a = 'b' order by a; end; select 1 order by 1",
+             "create trigger r after insert on t begin update t set a = 'b' order by a; end; select 1 order by 1"}};
+        for (const auto& [jet, sqlite] : umschrieben)
+            QCOMPARE(JetSyntaxAnpassen(QString::fromUtf8(jet)), QString::fromUtf8(sqlite));
+        QCOMPARE(abfragen(*db, "select Band & '!' & 1 from Schallplatten where Band = 'cream'").toString(), u"Cream!1"_s);
+
         // Execute counts the changed rows and refuses a select.
         QCOMPARE(db->Execute("update Schallplatten set Stil = 'Pop' where Band = 'ABBA'"), 2);
         QCOMPARE(db->Execute("update Schallplatten set Stil = 'x' where Band = 'nichts'"), 0);
@@ -212,6 +243,35 @@ private slots:
         // This pragma would bring back SQLite's own like() with "%".
         db->Execute("pragma case_sensitive_like = 1");
         QCOMPARE(abfragen(*db, "select count(*) from Schallplatten where Band like 'ä*'").toInt(), 1);
+    }
+
+    // An index another program made on text columns stays valid through every kind of edit
+    // of the program: the plain sqlite3 tool finds the file intact and, through the index,
+    // the same rows as without it.
+    void fremderIndex()
+    {
+        const QString pfad = katalogMit({"Ärzte", "Abba", "Zappa", "ärger", "Öl", "abba", "Über"});
+        sqlite3Werkzeug(pfad, "create index ix_band on Schallplatten(Band); "
+                              "create index ix_titel on Schallplatten(LPTitel, Band);");
+        {
+            auto db = Datenbank::oeffnen(pfad);
+            Recordset rs(*db, "select * from Schallplatten order by Band");
+            QCOMPARE(spalteLesen(rs, "Band").first(), u"Abba"_s);
+            tun(rs, "@0; Band=Übermut; @3; Band=ärzte; MoveLast; Band=Aal; Update; @2");
+            rs.Delete();
+            rs.AddNew();
+            rs.setValue("Band", "Öde");
+            rs.setValue("LPTitel", "Äpfel");
+            rs.Update();
+            db->Execute("update Schallplatten set LPTitel = Band & ' ' & LPTitel where Band like '[äöü]*'");
+            db->Execute("create index ix_stil on Schallplatten(Stil); update Schallplatten set Stil = lcase(Band)");
+        }
+        QCOMPARE(sqlite3Werkzeug(pfad, "pragma integrity_check;"), u"ok\n"_s);
+        for (const QString& band : KatalogSpalte(pfad, "Band") + QStringList{"ÄRZTE", "abba"}) {
+            const QString bedingung = " where Band = '" + band + "' or Stil = '" + band + "';";
+            const QString mitIndex = sqlite3Werkzeug(pfad, "select count(*) from Schallplatten" + bedingung);
+            QCOMPARE(mitIndex, sqlite3Werkzeug(pfad, "select count(*) from Schallplatten not indexed" + bedingung));
+        }
     }
 
     void oeffnen()
