@@ -6,6 +6,7 @@
 #include <QChar>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <sqlite3.h>
 
@@ -1030,6 +1031,50 @@ QString JetSyntaxAnpassen(const QString& sql) { return JetUmschreiber(sql).umsch
 
 void AnweisungFreigeben::operator()(sqlite3_stmt* anweisung) const { sqlite3_finalize(anweisung); }
 
+QString SqliteMeldungDeutsch(const QString& meldung)
+{
+    struct Muster {
+        const char* englisch;
+        const char* deutsch;
+    };
+    // The messages a user meets in the SQL console; %1, %2 are the names SQLite gives.
+    static const Muster k_muster[] = {
+        {R"m(^no such column: (.+)$)m", "Die Spalte \"%1\" gibt es nicht."},
+        {R"m(^no such table: (.+)$)m", "Die Tabelle \"%1\" gibt es nicht."},
+        {R"m(^no such function: (.+)$)m", "Die Funktion \"%1\" gibt es nicht."},
+        {R"m(^no such collation sequence: (.+)$)m", "Die Sortierfolge \"%1\" gibt es nicht."},
+        {R"m(^near "(.*)": syntax error$)m", "Die SQL-Anweisung hat einen Syntaxfehler bei \"%1\"."},
+        {R"m(^incomplete input$)m", "Die SQL-Anweisung ist unvollständig."},
+        {R"m(^unrecognized token: "?(.*?)"?$)m", "Die SQL-Anweisung enthält das unbekannte Zeichen %1."},
+        {R"m(^ambiguous column name: (.+)$)m", "Der Spaltenname \"%1\" ist mehrdeutig."},
+        {R"m(^(?:table|view) "?(.*?)"? already exists$)m", "Die Tabelle \"%1\" gibt es schon."},
+        {R"m(^index (.+) already exists$)m", "Den Index \"%1\" gibt es schon."},
+        {R"m(^table (.+) has no column named (.+)$)m", "Die Tabelle \"%1\" hat keine Spalte \"%2\"."},
+        {R"m(^duplicate column name: (.+)$)m", "Die Spalte \"%1\" gibt es doppelt."},
+        {R"m(^wrong number of arguments to function (.+)\(\)$)m", "Die Funktion %1() hat die falsche Anzahl von Argumenten."},
+        {R"m(^(\d+) values for (\d+) columns$)m", "Es sind %1 Werte für %2 Spalten angegeben."},
+        {R"m(^UNIQUE constraint failed: (.+)$)m", "Der Wert in %1 ist nicht eindeutig."},
+        {R"m(^NOT NULL constraint failed: (.+)$)m", "%1 darf nicht leer sein."},
+        {R"m(^misuse of aggregate(?: function)?:? (.+)$)m", "Die Aggregatfunktion %1 steht an falscher Stelle."},
+        {R"m(^sub-select returns (\d+) columns - expected 1$)m", "Die Unterabfrage liefert %1 Spalten statt einer."},
+        {R"m(^SELECTs to the left and right of .+ do not have the same number of result columns$)m",
+         "Die verbundenen Abfragen liefern verschieden viele Spalten."},
+        {R"m(^cannot modify (.+) because it is a view$)m", "\"%1\" ist eine Sicht und kann nicht geändert werden."},
+        {R"m(^interrupted$)m", "Die Abfrage wurde abgebrochen."},
+    };
+    for (const Muster& m : k_muster) {
+        const QRegularExpression ausdruck(QString::fromUtf8(m.englisch));
+        const QRegularExpressionMatch treffer = ausdruck.match(meldung);
+        if (!treffer.hasMatch())
+            continue;
+        QString text = QString::fromUtf8(m.deutsch);
+        for (int k = 1; k <= ausdruck.captureCount(); ++k)
+            text = text.arg(treffer.captured(k));
+        return text;
+    }
+    return {};
+}
+
 namespace {
 
 // The error of a connection as a Laufzeitfehler: 3000 + SQLite's primary code, SQLite's
@@ -1073,7 +1118,8 @@ Laufzeitfehler datenbankFehler(sqlite3* db, int rc, const QString& pfad)
                    .arg(name, meldung);
         break;
     default:
-        text = meldung;
+        text = SqliteMeldungDeutsch(meldung);
+        text = text.isEmpty() ? meldung : text + QStringLiteral(" (") + meldung + u')';
     }
     return Laufzeitfehler(Fehlernummer::DatenbankBasis + primaer, text);
 }

@@ -72,6 +72,9 @@ QString JetSyntaxAnpassen(const QString& sql);
 // (an unclosed one runs to the end); i itself when none starts there.
 qsizetype SqlUeberspringen(const QString& s, qsizetype i);
 
+// A German sentence for one of SQLite's common messages, or an empty text.
+QString SqliteMeldungDeutsch(const QString& meldung);
+
 // The caseless German comparison the collation uses: "Ärzte" sorts among the A, case is
 // ignored, umlauts come right after their base letter. Negative, 0 or positive.
 int DeutschVergleichen(const QString& a, const QString& b);

@@ -237,6 +237,19 @@ private slots:
         QVERIFY(text.contains("Auswahlabfrage"));
         QCOMPARE(fehlernummer([&] { db->Execute("updte Schallplatten set Band = 1"); }, &text), sql(SQLITE_ERROR));
         QVERIFY(text.contains("syntax error"));
+        // Common messages come in German, SQLite's own text behind them.
+        const QList<QPair<const char*, const char*>> meldungen = {
+            {"select Bnd from Schallplatten", "Die Spalte \"Bnd\" gibt es nicht. (no such column: Bnd)"},
+            {"select * from Keine", "Die Tabelle \"Keine\" gibt es nicht."},
+            {"updte Schallplatten set Band = 1", "Die SQL-Anweisung hat einen Syntaxfehler bei \"updte\"."},
+            {"select * from Schallplatten where", "Die SQL-Anweisung ist unvollständig."},
+            {"select gibtsnicht(1)", "Die Funktion \"gibtsnicht\" gibt es nicht."},
+            {"insert into Hilfe (a) values (1, 2)", "Es sind 2 Werte für 1 Spalten angegeben."},
+            {"select * from Schallplatten s, Schallplatten t where Band = 1", "Der Spaltenname \"Band\" ist mehrdeutig."}};
+        for (const auto& [anweisung, deutsch] : meldungen) {
+            fehlernummer([&] { db->Execute(QString::fromUtf8(anweisung)); }, &text);
+            QVERIFY2(text.startsWith(QString::fromUtf8(deutsch)) && text.endsWith(u')'), qPrintable(text));
+        }
         // Several statements are one: the second fails, the first is undone.
         QVERIFY(fehlernummer([&] { db->Execute("delete from Hilfe; insert into Keine values (1)"); }));
         QCOMPARE(abfragen(*db, "select count(*) from Hilfe").toInt(), 2);
