@@ -130,6 +130,7 @@ void Ausgabebox::DatenbankKopieAnlegen(const QString& titel, const QString& star
         d.startordner = startordner;
         d.filterIndex = 1;
         d.speichern = true;
+        d.ueberschreibenFragen = false;
         const QString pfad = D().dialoge().Datei(d);
         if (pfad.isEmpty())
             throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);

@@ -36,6 +36,8 @@ struct Dateiauswahl {
     int filterIndex = 1;
     bool speichern = false;
     bool mehrfach = false;
+    // Off where the caller refuses an existing file itself, so that only one question comes.
+    bool ueberschreibenFragen = true;
 };
 
 struct Schriftauswahl {

@@ -90,6 +90,7 @@ QString EchterDialogdienst::Datei(const Dateiauswahl& d)
     QPointer<QFileDialog> dialog = new QFileDialog(Bezugsfenster(), d.titel, d.startordner);
     dialog->setObjectName(QStringLiteral("Dateiauswahl"));
     dialog->setAcceptMode(d.speichern ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !d.ueberschreibenFragen);
     dialog->setFileMode(d.speichern ? QFileDialog::AnyFile
                                     : d.mehrfach ? QFileDialog::ExistingFiles
                                                  : QFileDialog::ExistingFile);

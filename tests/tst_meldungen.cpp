@@ -14,6 +14,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTextEdit>
@@ -285,7 +286,7 @@ private slots:
         DateiSchreiben(ordner + "b.db", "x");
         // The filter index counts from 1; the dialog starts in the folder given.
         Dateiauswahl oeffnen{u"Datenbank öffnen"_s, u"alle Dateien (*.*)|*.*|Datenbank (*.db)|*.db"_s,
-                             QString(), ordner, 2, false, false};
+                             QString(), ordner, 2, false, false, true};
         ImDateidialog([&](QFileDialog& d) {
             QCOMPARE(d.selectedNameFilter(), u"Datenbank (*.db)"_s);
             QCOMPARE(QDir(d.directory()).canonicalPath(), QDir(ordner).canonicalPath());
@@ -294,9 +295,20 @@ private slots:
         QCOMPARE(dienst.Datei(oeffnen), ordner + "b.db");
         // Saving adds the extension of the chosen filter.
         Dateiauswahl speichern{u"Speichern"_s, u"Datenbank (*.db)|*.db|alle Dateien (*.*)|*.*"_s,
-                               u"Neu"_s, ordner, 1, true, false};
+                               u"Neu"_s, ordner, 1, true, false, true};
         ImDateidialog([](QFileDialog&) {});
         QCOMPARE(dienst.Datei(speichern), ordner + "Neu.db");
+        // A caller that refuses an existing file itself gets it without the toolkit's
+        // question (a question left open would keep the dialog from closing).
+        speichern.ueberschreibenFragen = false;
+        ImDateidialog([&](QFileDialog& d) {
+            d.selectFile(ordner + "a.db");
+            QTimer::singleShot(50, qApp, [] {
+                if (auto* frage = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                    frage->reject();
+            });
+        });
+        QCOMPARE(dienst.Datei(speichern), ordner + "a.db");
         // Several files come back one a line.
         Dateiauswahl mehrere = oeffnen;
         mehrere.mehrfach = true;
