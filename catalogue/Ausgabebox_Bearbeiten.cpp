@@ -19,6 +19,8 @@
 #include <QLabel>
 #include <QTextEdit>
 
+#include <vector>
+
 namespace {
 
 // Leading and trailing blanks only, as the save trims band and title.
@@ -78,18 +80,28 @@ void Ausgabebox::MenuNeuEingabe_Click()
 
 void Ausgabebox::MenuSpeichern_Click()
 {
+    // A record source that cannot be changed: say so, and leave what was typed on screen.
+    // Without an edit there is nothing to normalise, since nothing can be stored.
+    const Recordset* quelle = Data1->recordset();
+    const bool aenderbar = !quelle || quelle->Updatable();
+    if (!aenderbar && FelderGeaendert()) {
+        Fehlermeldung(Recordset::NichtAenderbar(), QStringLiteral("Ausgabebox_MenuSpeichern_Click"));
+        return;
+    }
     // Errors are ignored here: each step that can run, runs.
     Mauszeiger(ZeigerSanduhr);
-    TextBand->setText(blankFrei(TextBand->text()));
-    TextLPTitel->setText(blankFrei(TextLPTitel->text()));
-    // An empty field is stored as one blank; eBook and rating may stay truly empty.
-    for (Textfeld* feld : {TextBand, TextKaufdatum, TextLPTitel, TextPreis, TextMedium, TextPlattenfirma,
-                           TextBestellNr, TextInfo, TextMusikpfad, TextStil, txtBildpfad})
-        if (feld->text().isEmpty())
-            feld->setText(QStringLiteral(" "));
-    for (QTextEdit* text : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
-        if (text->toPlainText().isEmpty())
-            text->setPlainText(QStringLiteral(" "));
+    if (aenderbar) {
+        TextBand->setText(blankFrei(TextBand->text()));
+        TextLPTitel->setText(blankFrei(TextLPTitel->text()));
+        // An empty field is stored as one blank; eBook and rating may stay truly empty.
+        for (Textfeld* feld : {TextBand, TextKaufdatum, TextLPTitel, TextPreis, TextMedium, TextPlattenfirma,
+                               TextBestellNr, TextInfo, TextMusikpfad, TextStil, txtBildpfad})
+            if (feld->text().isEmpty())
+                feld->setText(QStringLiteral(" "));
+        for (QTextEdit* text : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
+            if (text->toPlainText().isEmpty())
+                text->setPlainText(QStringLiteral(" "));
+    }
     const int spalteBand = SpalteSuchen(QStringLiteral("Band"));
     const int spalteTitel = SpalteSuchen(QStringLiteral("LPTitel"));
     const QString band = TextBand->text();
@@ -131,12 +143,21 @@ void Ausgabebox::MenuEintragLoeschen_Click()
     try {
         MSFlexGrid1_RowColChange();
         g->setRedraw(false);
-        const int anzahl = std::abs(g->RowSel() - g->Row()) + 1;
+        // Exactly the marked rows, whichever way they were marked. The bottom one goes
+        // first, so that the rows still to come keep their numbers.
+        const std::vector<int> zeilen = g->MarkierteZeilen();
+        const int anzahl = int(zeilen.size());
         for (int n = 1; n <= anzahl; ++n) {
             Bez[13]->setText(QString::number(n));
             QCoreApplication::processEvents();
-            // The remaining rows move up: the same grid row is the next Carrier.
-            MSFlexGrid1_RowColChange();
+            const int zeile = zeilen[size_t(anzahl - n)];
+            if (zeile >= g->Rows())
+                continue;
+            // The row change sets the record, as a click would.
+            if (g->Row() != zeile)
+                g->setRow(zeile);
+            else
+                MSFlexGrid1_RowColChange();
             Recordset* rs = Data1->recordset();
             if (!rs)
                 throw Laufzeitfehler(91);
@@ -145,6 +166,9 @@ void Ausgabebox::MenuEintragLoeschen_Click()
                         QStringLiteral("Sicherheithinweis"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
                 break;
             }
+            // The record must be the one of the row: a refused move leaves another one current.
+            if (rs->AbsolutePosition() != zeile - 1)
+                break;
             const QString cover = cboBildpfad->currentText();
             if (!cover.isEmpty() && !cover.endsWith(u'/') && !cover.endsWith(u'\\') && QFile::exists(cover))
                 D().papierkorb().verschieben(cover);

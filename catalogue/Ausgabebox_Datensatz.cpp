@@ -6,6 +6,7 @@
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
 #include "media/Rtf.h"
+#include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
@@ -16,6 +17,7 @@
 #include <cmath>
 #include <QDir>
 #include <QTabBar>
+#include <QScrollBar>
 #include <QTextEdit>
 #include <QTreeWidget>
 
@@ -46,11 +48,29 @@ void Ausgabebox::GebundeneFelderLaden()
     m_gebundenLaden = false;
 }
 
+bool Ausgabebox::FelderGeaendert() const
+{
+    if (m_gebundenLaden || m_geladeneWerte.size() != m_bindungen.size())
+        return false;
+    if (!m_geaenderteTexte.isEmpty())
+        return true;
+    for (size_t i = 0; i < m_bindungen.size(); ++i)
+        if (auto* feld = qobject_cast<Textfeld*>(m_bindungen[i].steuerelement); feld && feld->text() != m_geladeneWerte[i])
+            return true;
+    return false;
+}
+
 void Ausgabebox::Data1_Validate()
 {
     Recordset* rs = Data1->recordset();
     if (!rs || m_gebundenLaden || m_geladeneWerte.size() != m_bindungen.size())
         return;
+    // A record source that cannot be changed would drop the edit without a word.
+    if (!rs->Updatable()) {
+        if (FelderGeaendert())
+            Fehlermeldung(Recordset::NichtAenderbar(), QStringLiteral("Ausgabebox_Data1_Validate"));
+        return;
+    }
     for (size_t i = 0; i < m_bindungen.size(); ++i) {
         const Bindung& b = m_bindungen[i];
         if (auto* feld = qobject_cast<Textfeld*>(b.steuerelement)) {
@@ -139,6 +159,9 @@ void Ausgabebox::imgCDnote_Click(int index)
 void Ausgabebox::TextfensterSetzen(QTextEdit* text, const QString& wert)
 {
     RtfLesen(wert, text->document(), text->font());
+    // The pane's cursor went along with the text to its end; a pane shows its beginning.
+    text->setTextCursor(QTextCursor(text->document()));
+    text->verticalScrollBar()->setValue(0);
 }
 
 QString Ausgabebox::TextfensterLesen(QTextEdit* text) const { return RtfSchreiben(text->document()); }

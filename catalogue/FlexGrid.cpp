@@ -10,6 +10,8 @@
 #include <QScrollBar>
 #include <QToolTip>
 
+#include <algorithm>
+
 // The recordset seen through a column order. Row r of the model is grid row r + 1.
 class FlexGridModell : public QAbstractTableModel {
 public:
@@ -287,6 +289,19 @@ void FlexGrid::currentChanged(const QModelIndex& aktuell, const QModelIndex& vor
         m_rowSel = zeile;
         m_colSel = spalte;
     }
+}
+
+std::vector<int> FlexGrid::MarkierteZeilen() const
+{
+    std::vector<int> zeilen;
+    for (const QItemSelectionRange& bereich : selectionModel()->selection())
+        for (int z = bereich.top(); z <= bereich.bottom(); ++z)
+            zeilen.push_back(z + 1);
+    std::sort(zeilen.begin(), zeilen.end());
+    zeilen.erase(std::unique(zeilen.begin(), zeilen.end()), zeilen.end());
+    if (zeilen.empty() && m_row >= 1)
+        zeilen.push_back(m_row);
+    return zeilen;
 }
 
 int FlexGrid::TopRow() const

@@ -44,6 +44,10 @@ public:
     void setRowSel(int zeile);
     void setColSel(int spalte);
 
+    // The marked data rows in ascending order: the range from Row to RowSel and the rows
+    // marked with Ctrl; the current row when nothing is marked.
+    std::vector<int> MarkierteZeilen() const;
+
     // First data row shown at the top.
     int TopRow() const;
     void setTopRow(int zeile);

@@ -131,14 +131,14 @@ bool gleicherWert(const QVariant& a, const QVariant& b)
     return a.typeId() == b.typeId() && a == b;
 }
 
-Laufzeitfehler schreibgeschuetzteQuelle()
+} // namespace
+
+Laufzeitfehler Recordset::NichtAenderbar()
 {
     return Laufzeitfehler(Fehlernummer::DatenbankBasis + SQLITE_READONLY,
                           QStringLiteral("Die Datensatzquelle kann nicht geändert werden: sie ist "
                                          "keine einfache Abfrage einer Tabelle."));
 }
-
-} // namespace
 
 Recordset::Recordset(Datenbank& db, const QString& recordSource)
     : m_db(db)
@@ -374,7 +374,7 @@ void Recordset::setValue(int spalte, const QVariant& wert)
 void Recordset::AddNew()
 {
     if (!Updatable())
-        throw schreibgeschuetzteQuelle();
+        throw NichtAenderbar();
     schreibenFallsNoetig();
     m_puffer.clear();
     m_neu = true;
@@ -472,7 +472,7 @@ void Recordset::Delete()
         return;
     }
     if (!Updatable())
-        throw schreibgeschuetzteQuelle();
+        throw NichtAenderbar();
     if (!aktuelleZeile())
         throw Laufzeitfehler(3021, QStringLiteral("Kein aktueller Datensatz."));
     Anweisung anweisung = m_db.vorbereiten(QStringLiteral("DELETE FROM ") + namenZitieren(m_tabelle)

@@ -31,6 +31,8 @@ public:
     Recordset& operator=(const Recordset&) = delete;
 
     bool Updatable() const { return m_tabelle.size() > 0; }
+    // The error of an edit that a read-only recordset cannot take.
+    static struct Laufzeitfehler NichtAenderbar();
     const QString& Tabelle() const { return m_tabelle; }
 
     // Columns of the result, in order (for "select *": table order, Bilder included).

@@ -91,6 +91,8 @@ public:
     void TrackListeLaden();
     // Fills the bound controls from the current record.
     void GebundeneFelderLaden();
+    // True when a bound control holds something else than the record gave it.
+    bool FelderGeaendert() const;
     // The text of a rich text pane from a field, and back.
     void TextfensterSetzen(QTextEdit* text, const QString& wert);
     QString TextfensterLesen(QTextEdit* text) const;

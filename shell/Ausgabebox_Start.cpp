@@ -404,6 +404,8 @@ void Ausgabebox::closeEvent(QCloseEvent* e)
     }
     // What was typed is written first; if the catalogue refuses it, the user decides.
     try {
+        if (Recordset* rs = Data1->recordset(); rs && !rs->Updatable() && FelderGeaendert())
+            throw Recordset::NichtAenderbar();
         Data1_Validate();
         if (Recordset* rs = Data1->recordset(); rs && rs->EditPending())
             rs->Update();

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <limits>
 
 QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp)
 {
@@ -185,6 +186,9 @@ void Bildknopf::mouseReleaseEvent(QMouseEvent* e)
 Textfeld::Textfeld(QWidget* eltern)
     : QLineEdit(eltern)
 {
+    // The line edit's own limit of 32,767 characters would cut a long field just by
+    // showing it, and the cut text would then be written back.
+    setMaxLength(std::numeric_limits<int>::max());
 }
 
 void Textfeld::setText(const QString& t)

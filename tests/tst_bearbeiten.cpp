@@ -13,10 +13,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTextEdit>
 
 #include <sqlite3.h>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 class TestBearbeiten : public QObject {
     Q_OBJECT
@@ -112,6 +117,77 @@ private slots:
         QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"A", "G", "H"}));
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
         QCOMPARE(Attrappen::papierkorb().verschoben, QStringList{cover});
+    }
+
+    // Marked from the bottom up, with Shift or with Ctrl: exactly the marked Carriers go.
+    void genauDieMarkiertenGehen()
+    {
+        starten(Baender({"A", "B", "C", "D", "E", "F", "G", "H", "I", "J", "K", "L"}));
+        FlexGrid* g = w->MSFlexGrid1;
+        auto klick = [g](int zeile, Qt::KeyboardModifiers tasten) {
+            const QModelIndex zelle = g->model()->index(zeile - 1, 0);
+            g->scrollTo(zelle);
+            QTest::mouseClick(g->viewport(), Qt::LeftButton, tasten, g->visualRect(zelle).center());
+        };
+        auto loeschen = [this] {
+            Attrappen::dialoge().antwortenMsg << "Ja";
+            w->MenuEintragLoeschen_Click();
+            return KatalogSpalte(katalog, "Band").join(u"");
+        };
+        klick(9, Qt::NoModifier);
+        klick(6, Qt::ShiftModifier);
+        QCOMPARE(loeschen(), u"ABCDEJKL"_s);
+        klick(2, Qt::NoModifier);
+        klick(5, Qt::ControlModifier);
+        klick(7, Qt::ControlModifier);
+        QCOMPARE(loeschen(), u"ACDJL"_s);
+        markieren(4, 2);
+        QCOMPARE(loeschen(), u"AL"_s);
+        QCOMPARE(g->Rows(), 3);
+    }
+
+    // Visiting records changes nothing: a long one-line field keeps every character, and a
+    // rich text pane shows its beginning, also on a tab opened for the first time.
+    void besuchenAendertNichts()
+    {
+        QString lang;
+        for (int i = 0; lang.size() < 100000; ++i)
+            lang += QStringLiteral("Zeile %1\tmit Tab\r\n").arg(i);
+        const QString rtf = "{\\rtf1\\ansi " + QString("Lied\\par ").repeated(300) + "}";
+        starten({{{"Band", "Abba"}, {"Info", lang}, {"Songs", rtf}, {"InfoTab", rtf}}, {{"Band", "Bach"}}});
+        QCOMPARE(w->TextInfo->text().size(), lang.size());
+        QCoreApplication::processEvents();
+        QCOMPARE(w->TextSongs->verticalScrollBar()->value(), 0);
+        w->MSFlexGrid1->setRow(2);
+        w->MSFlexGrid1->setRow(1);
+        w->MSFlexGrid1->setRow(2);
+        w->MenuSpeichern_Click();
+        QCOMPARE(KatalogSpalte(katalog, "Info").first(), lang);
+        w->MSFlexGrid1->setRow(1);
+        w->tabTexte->setCurrentIndex(2);
+        QCoreApplication::processEvents();
+        QVERIFY(w->rtfInfo->isVisible() && w->rtfInfo->verticalScrollBar()->maximum() > 0);
+        QCOMPARE(w->rtfInfo->verticalScrollBar()->value(), 0);
+    }
+
+    // A record source that cannot be changed says so on a save and on a move; the save
+    // leaves what was typed on screen.
+    void nichtAenderbareQuelleSagtEs()
+    {
+        starten(Baender({"Abba", "Bach"}));
+        w->Data1->setRecordSource("select Band, LPTitel from Schallplatten");
+        w->Data1->Refresh();
+        w->MenuSpeichern_Click();
+        QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
+        w->TextBand->setText("Getippt");
+        w->MenuSpeichern_Click();
+        auto m = Attrappen::dialoge().meldungen();
+        QCOMPARE(m.size(), 1);
+        QVERIFY2(m[0].text.contains("Die Datensatzquelle kann nicht geändert werden"), qPrintable(m[0].text));
+        QCOMPARE(w->TextBand->text(), u"Getippt"_s);
+        w->MSFlexGrid1->setRow(2);
+        QCOMPARE(Attrappen::dialoge().meldungen().size(), 2);
+        QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"Abba", "Bach"}));
     }
 
     void letzteZeileEinesFiltersBleibtUndDanachKommtDieGanzeTabelle()
