@@ -62,13 +62,21 @@ QStringList TextdateiLesen(const QString& pfad, bool* ok)
     }
     if (ok)
         *ok = true;
-    const QString text = TextDekodieren(datei.readAll());
-    QStringList zeilen = text.split(u'\n');
-    if (!zeilen.isEmpty() && zeilen.last().isEmpty())
-        zeilen.removeLast();
-    for (QString& zeile : zeilen)
-        if (zeile.endsWith(u'\r'))
+    const QByteArray inhalt = datei.readAll();
+    // Each line on its own: a file half converted from Windows keeps its UTF-8 lines, and
+    // one stray byte spoils no more than its line.
+    QByteArrayView rest(inhalt);
+    if (rest.startsWith("\xEF\xBB\xBF"))
+        rest = rest.sliced(3);
+    QStringList zeilen;
+    while (!rest.isEmpty()) {
+        const qsizetype ende = rest.indexOf('\n');
+        QByteArrayView zeile = ende < 0 ? rest : rest.first(ende);
+        rest = ende < 0 ? QByteArrayView() : rest.sliced(ende + 1);
+        if (zeile.endsWith('\r'))
             zeile.chop(1);
+        zeilen << TextDekodieren(zeile.toByteArray());
+    }
     return zeilen;
 }
 

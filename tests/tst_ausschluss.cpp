@@ -170,8 +170,19 @@ private slots:
         QCOMPARE(DateiLesen(pg("Ausschlussliste.ini")), QByteArray("\n"));
         QCOMPARE(DateiLesen(pg("AusschlussAbspielliste.ini")), QByteArray("K\xc3\xb6lsch\nPop\n"));
 
-        // A file that cannot be written: the error, and the window stays with its marks.
+        // A half-converted file: its one Windows line spoils none of the UTF-8 lines, so
+        // the marks are read and kept.
         Speichern("Ausschlussliste", "Abspielen");
+        DateiSchreiben(pg("AusschlussAbspielliste.ini"), "K\xc3\xb6lsch\r\nRock \x96 alt\r\n");
+        {
+            frmStilausschlussliste f;
+            f.Form_Load();
+            QCOMPARE(eintraege(f.lstStilrichtung, true), QStringList{"Kölsch"});
+            f.cmdOK->click();
+        }
+        QCOMPARE(DateiLesen(pg("AusschlussAbspielliste.ini")), QByteArray("K\xc3\xb6lsch\n"));
+
+        // A file that cannot be written: the error, and the window stays with its marks.
         QFile::remove(pg("AusschlussAbspielliste.ini"));
         QDir().mkpath(pg("AusschlussAbspielliste.ini"));
         frmStilausschlussliste f;

@@ -45,6 +45,9 @@ private slots:
         QCOMPARE(TextdateiLesen(ordner + "utf8.txt"), (QStringList{"Mädchen", "Züge"}));
         DateiSchreiben(ordner + "ansi.txt", "M\xE4" "dchen\r\nStra\xDF" "e \x80\r\nletzte");
         QCOMPARE(TextdateiLesen(ordner + "ansi.txt"), (QStringList{"Mädchen", "Straße €", "letzte"}));
+        // Half converted: each line is read by its own bytes.
+        DateiSchreiben(ordner + "halb.txt", "M\xC3\xA4" "dchen\nStra\xDF" "e\r\n\xE2\x82\xAC\n");
+        QCOMPARE(TextdateiLesen(ordner + "halb.txt"), (QStringList{"Mädchen", "Straße", "€"}));
         bool ok = true;
         QVERIFY(TextdateiLesen(ordner + "fehlt.txt", &ok).isEmpty());
         QVERIFY(!ok);
