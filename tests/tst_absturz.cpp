@@ -52,6 +52,9 @@ int kindLaufen(const QString& art, const QString& katalog)
             g->setRowSel(6);
             w.MenuEintragLoeschen_Click();
         }
+        // The command has returned: what it wrote is in the file.
+        std::printf("fertig\n");
+        std::fflush(stdout);
     }
 }
 
@@ -101,8 +104,12 @@ private slots:
             QProcess kind;
             kind.setProcessChannelMode(QProcess::ForwardedErrorChannel);
             kind.start(QCoreApplication::applicationFilePath(), {"--kind", art, katalog});
-            QVERIFY(kind.waitForReadyRead(20000));
-            QVERIFY(kind.readAll().contains("bereit"));
+            // The kill comes after the first command is confirmed, at a random moment of
+            // the commands that follow.
+            QByteArray ausgabe;
+            while (!ausgabe.contains("fertig") && kind.waitForReadyRead(20000))
+                ausgabe += kind.readAll();
+            QVERIFY2(ausgabe.contains("bereit") && ausgabe.contains("fertig"), ausgabe.constData());
             QTest::qWait(20 + int(zufall.bounded(400)));
             ::kill(pid_t(kind.processId()), SIGKILL);
             QVERIFY(kind.waitForFinished(10000));
@@ -112,12 +119,17 @@ private slots:
             const QStringList info = KatalogSpalte(katalog, "Info"), medium = KatalogSpalte(katalog, "Medium");
             QVERIFY(baender.size() == Zeilen || (art == u"loeschen" && !baender.isEmpty() && baender.size() < Zeilen));
             QCOMPARE(QSet<QString>(baender.begin(), baender.end()).size(), baender.size());
+            int neue = 0;
             for (int i = 0; i < baender.size(); ++i) {
                 const bool alt = info[i] == baender[i] + " Info" && medium[i] == baender[i] + " Medium";
                 const bool neu = art == u"speichern" && info[i].startsWith("Stand ") && info[i] == medium[i];
                 QVERIFY2(baender[i].startsWith("Band ") && (alt || neu),
                          qPrintable(baender.at(i) + ": " + info.at(i) + " / " + medium.at(i)));
+                neue += neu ? 1 : 0;
             }
+            // The confirmed command must be in the file, or the run proved nothing.
+            const int bestaetigt = art == u"speichern" ? neue : Zeilen - int(baender.size());
+            QVERIFY2(bestaetigt > 0, "Kein Speichern oder Löschen hat die Datei erreicht.");
         }
     }
 };
