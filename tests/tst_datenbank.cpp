@@ -225,6 +225,8 @@ private slots:
         for (const auto& [jet, sqlite] : umschrieben)
             QCOMPARE(JetSyntaxAnpassen(QString::fromUtf8(jet)), QString::fromUtf8(sqlite));
         QCOMPARE(abfragen(*db, "select Band & '!' & 1 from Schallplatten where Band = 'cream'").toString(), u"Cream!1"_s);
+        QCOMPARE(db->Execute("update Schallplatten set Info = Band & \"!\" where Band = 'Cream'"), 1);
+        QCOMPARE(abfragen(*db, "select Info from Schallplatten where Band = 'Cream'").toString(), u"Cream!"_s);
 
         // Execute counts the changed rows and refuses a select.
         QCOMPARE(db->Execute("update Schallplatten set Stil = 'Pop' where Band = 'ABBA'"), 2);
