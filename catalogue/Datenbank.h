@@ -2,6 +2,9 @@
 // One SQLite connection to a catalogue, with what the Jet dialect of the system needs:
 // Jet's like(), the caseless German collation and the common Jet functions of the SQL
 // console.
+#include "catalogue/JetSql.h"
+#include "catalogue/Textregeln.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -50,37 +53,8 @@ private:
     sqlite3* m_db = nullptr;
 };
 
-// The name under which the caseless German collation is registered.
-inline constexpr char DeutschKollation[] = "DEUTSCH";
-
-// Registers like(), the collation and the Jet functions on any connection.
-void JetFunktionenAnmelden(sqlite3* db);
-
 // True when the file begins like a Jet/ACE database (an old ".mdb").
 bool IstJetDatei(const QString& pfad);
 
-// Jet SQL made acceptable to SQLite, outside literals, quoted names and comments:
-// - the calls left(...) and right(...) become "left"(...) and "right"(...), since SQLite
-//   reads the bare words as join keywords;
-// - Jet's "&" joins texts and becomes "||" (to SQLite it is a bitwise and);
-// - the terms of "order by" and "group by", and a quoted text beside a comparison, get
-//   "COLLATE DEUTSCH", so that they sort and compare as Jet does (not in statements that
-//   change the schema, whose text is stored in the file).
-// Everything else is passed through.
-QString JetSyntaxAnpassen(const QString& sql);
-// The position behind a quoted literal, a bracketed name or a comment that starts at i
-// (an unclosed one runs to the end); i itself when none starts there.
-qsizetype SqlUeberspringen(const QString& s, qsizetype i);
-
 // A German sentence for one of SQLite's common messages, or an empty text.
 QString SqliteMeldungDeutsch(const QString& meldung);
-
-// The caseless German comparison the collation uses: "Ärzte" sorts among the A, case is
-// ignored, umlauts come right after their base letter. Negative, 0 or positive.
-int DeutschVergleichen(const QString& a, const QString& b);
-// The same on UTF-8 bytes, without allocating; invalid bytes count as Latin-1.
-int DeutschVergleichenUtf8(const char* a, int na, const char* b, int nb);
-// Jet's like: * ? # [list] [!list], caseless for all letters including umlauts.
-bool JetLike(const QString& muster, const QString& text);
-// The same on UTF-8 bytes; escape is a code point that makes the next one literal, or 0.
-bool JetLikeUtf8(const char* muster, int nm, const char* text, int nt, char32_t escape = 0);
