@@ -10,6 +10,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -47,6 +48,7 @@ int RillenkammerStarten(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("Rillenkammer"));
     QApplication::setDesktopFileName(QStringLiteral("rillenkammer"));
     RessourcenAnmelden();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/resources/desktop/rillenkammer.svg")));
     // Qt's own dialogs speak German like the rest of the program.
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     QTranslator qtTexte;

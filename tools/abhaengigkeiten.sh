@@ -8,7 +8,7 @@ qt6-base-dev libqt6sql6-sqlite qt6-multimedia-dev qt6-svg-dev qt6-speech-dev qt6
 qt6-translations-l10n libxkbcommon-dev libsqlite3-dev libavformat-dev
 gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav xvfb xauth"
 if [ "${1:-}" = "--tests" ]; then
-    PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox sqlite3"
+    PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox sqlite3 desktop-file-utils appstream"
 fi
 
 FEHLT=""
