@@ -6,7 +6,8 @@ set -eu
 PAKETE="build-essential cmake ninja-build pkg-config
 qt6-base-dev libqt6sql6-sqlite qt6-multimedia-dev qt6-svg-dev qt6-speech-dev qt6-declarative-dev
 qt6-translations-l10n libxkbcommon-dev libsqlite3-dev libavformat-dev
-gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav xvfb xauth"
+gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad
+gstreamer1.0-plugins-ugly gstreamer1.0-libav xvfb xauth"
 if [ "${1:-}" = "--tests" ]; then
     PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox sqlite3 desktop-file-utils appstream"
 fi
