@@ -1,11 +1,13 @@
 // How long measuring the lengths of one folder of 12 tracks takes, the way the track
 // list and the song commands do it: one file after the other, cold and warm. The files
-// are made here with sox and ffmpeg. Prints; tests nothing.
+// are made here with sox and ffmpeg. Then the rate over a folder of ordinary MP3s, and an
+// MP3 whose length must be counted. Prints; tests nothing.
 #include "playback/modPlatten.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -62,5 +64,42 @@ int main(int argc, char** argv)
     std::sort(ms.begin(), ms.end());
     std::printf("12 files of 3 min (mp3, ogg, flac, wav): median %.2f ms, max %.2f ms\n", ms[ms.size() / 2],
                 ms.back());
+
+    // A folder of 200 ordinary MP3s (with the header that tells the length), and one of
+    // varying rate without it, which is counted frame by frame.
+    const QString mp3Ordner = tmp.path() + QStringLiteral("/MP3/");
+    QDir().mkpath(mp3Ordner);
+    const QString vorlage = mp3Ordner + QStringLiteral("Vorlage.mp3");
+    const QString ohneKopf = tmp.path() + QStringLiteral("/ohne Kopf.mp3");
+    if (!Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "sine=frequency=330:duration=180", "-ac", "2",
+                             "-c:a", "libmp3lame", "-q:a", "2", vorlage})
+        || !Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "anoisesrc=d=90:a=0.5", "-f", "lavfi", "-i",
+                                "anullsrc=d=90:r=44100:cl=mono", "-filter_complex", "[0][1]concat=n=2:v=0:a=1",
+                                "-c:a", "libmp3lame", "-q:a", "2", "-write_xing", "0", ohneKopf})) {
+        std::printf("could not make the MP3s\n");
+        return 1;
+    }
+    QStringList mp3s;
+    for (int i = 0; i < 200; ++i) {
+        const QString pfad = mp3Ordner + QStringLiteral("%1 Titel - %2.mp3").arg(i, 3, 10, QChar(u'0')).arg(1 + i % 6);
+        QFile::copy(vorlage, pfad);
+        mp3s << pfad;
+    }
+    std::vector<double> raten;
+    for (int lauf = 0; lauf < 5; ++lauf) {
+        QElapsedTimer uhr;
+        uhr.start();
+        for (const QString& d : std::as_const(mp3s))
+            BassTracklaenge(d);
+        raten.push_back(mp3s.size() / (uhr.nsecsElapsed() / 1e9));
+    }
+    std::sort(raten.begin(), raten.end());
+    std::printf("folder of 200 MP3s of 3 min: median %.0f files/s, slowest run %.0f files/s\n",
+                raten[raten.size() / 2], raten.front());
+    QElapsedTimer uhr;
+    uhr.start();
+    const double laenge = BassTracklaenge(ohneKopf);
+    std::printf("MP3 of varying rate without length header, 3 min: %.1f s measured in %.1f ms\n", laenge,
+                uhr.nsecsElapsed() / 1e6);
     return 0;
 }

@@ -35,6 +35,39 @@ struct Eingabe {
     ~Eingabe() { avformat_close_input(&ctx); }
 };
 
+// The length by the packets of the main stream, read without decoding: the end of the
+// last one less the start of the first. 0.0 when nothing could be read.
+double PaketeZaehlen(AVFormatContext* ctx)
+{
+    int strom = av_find_best_stream(ctx, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+    if (strom < 0)
+        strom = av_find_best_stream(ctx, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (strom < 0)
+        return 0.0;
+    const AVRational basis = ctx->streams[strom]->time_base;
+    AVPacket* paket = av_packet_alloc();
+    if (!paket)
+        return 0.0;
+    int64_t anfang = AV_NOPTS_VALUE;
+    int64_t ende = AV_NOPTS_VALUE;
+    int64_t summe = 0;
+    while (av_read_frame(ctx, paket) >= 0) {
+        if (paket->stream_index == strom && paket->duration > 0) {
+            summe += paket->duration;
+            if (paket->pts != AV_NOPTS_VALUE) {
+                if (anfang == AV_NOPTS_VALUE || paket->pts < anfang)
+                    anfang = paket->pts;
+                if (ende == AV_NOPTS_VALUE || paket->pts + paket->duration > ende)
+                    ende = paket->pts + paket->duration;
+            }
+        }
+        av_packet_unref(paket);
+    }
+    av_packet_free(&paket);
+    const int64_t dauer = anfang != AV_NOPTS_VALUE ? ende - anfang : summe;
+    return dauer > 0 ? double(dauer) * basis.num / basis.den : 0.0;
+}
+
 } // namespace
 
 double MedienlaengeLesen(const QString& pfad)
@@ -79,6 +112,11 @@ double MedienlaengeLesen(const QString& pfad)
     }
     if (!medien)
         return -1.0;
+    // A length guessed from the bit rate is wrong for a file of varying rate that has no
+    // header telling its length (an MP3 without Xing or VBRI): such a file is counted.
+    if (e.ctx->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE)
+        if (const double gezaehlt = PaketeZaehlen(e.ctx); gezaehlt > 0.0)
+            return gezaehlt;
     double sekunden = 0.0;
     if (e.ctx->duration != AV_NOPTS_VALUE && e.ctx->duration > 0)
         sekunden = double(e.ctx->duration) / AV_TIME_BASE;

@@ -86,8 +86,16 @@ private slots:
             const double l = BassTracklaenge(pfad);
             QVERIFY2(qAbs(l - 1.5) < 0.1, qPrintable(QStringLiteral("%1: %2").arg(pfad).arg(l)));
         }
+        // An MP3 of varying rate without a header that tells its length: noise, then
+        // silence, so that a guess from the rate of its first frames falls far short.
+        const QString vbr = m_ordner + "Ohne Kopf.mp3";
+        QVERIFY(Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "anoisesrc=d=10:a=0.5", "-f", "lavfi",
+                                    "-i", "anullsrc=d=10:r=44100:cl=mono", "-filter_complex", "[0][1]concat=n=2:v=0:a=1",
+                                    "-c:a", "libmp3lame", "-q:a", "2", "-write_xing", "0", vbr}));
+        const double vbrLaenge = BassTracklaenge(vbr);
+        QVERIFY2(qAbs(vbrLaenge - 20.0) < 0.2, qPrintable(QString::number(vbrLaenge)));
         // The measurement goes through the service, so the transport can be given lengths.
-        QCOMPARE(Attrappen::medien().gemessen.last(), umlaute);
+        QCOMPARE(Attrappen::medien().gemessen.at(Attrappen::medien().gemessen.size() - 2), umlaute);
         // A video counts by its longest stream.
         const QString film = m_ordner + QStringLiteral("Film.mp4");
         QVERIFY(Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=2",
