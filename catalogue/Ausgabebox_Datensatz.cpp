@@ -99,6 +99,8 @@ void Ausgabebox::Data1_Reposition()
     cboBildpfad->clear();
     TrackIndex = 0;
     TrackListeLaden();
+    // The Track stars belong to the first Track of the new list.
+    BewertungTracks();
     AnzahlTontraeger();
     // The Track list was loaded just above.
     TabelleEinrichten(false);
@@ -107,10 +109,12 @@ void Ausgabebox::Data1_Reposition()
 void Ausgabebox::TrackListeLaden()
 {
     // One listing of the folder tells whether it holds files and fills the list.
+    // A relative path would name a folder below wherever the program was started.
     const QString musik = TextMusikpfad->text();
-    if (musik.size() >= 2)
+    const bool ordner = musik.size() >= 2 && QDir::isAbsolutePath(musik);
+    if (ordner)
         filTrack->setPath(musik);
-    if (musik.size() < 2 || filTrack->count() == 0) {
+    if (!ordner || filTrack->count() == 0) {
         filTrack->setPath(ProgrammOrdner + QStringLiteral("Leer"));
         filTrack->setEnabled(false);
         Bez[12]->setText(QStringLiteral("Tracks && Movies "));

@@ -13,10 +13,13 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QTextEdit>
 #include <QTreeWidget>
 
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -57,6 +60,17 @@ QString TrackMitBewertung(const QString& name, int sterne)
 
 int TrackBewertung(const QString& name) { return std::max(0, sterneImNamen(name)); }
 
+bool IstMedienname(const QString& name)
+{
+    static const QSet<QString> endungen = {
+        u"mp3"_s, u"mp2"_s, u"wma"_s, u"wav"_s, u"ogg"_s, u"oga"_s, u"opus"_s, u"flac"_s, u"m4a"_s,
+        u"aac"_s, u"ac3"_s, u"aif"_s, u"aiff"_s, u"ape"_s, u"mka"_s, u"mid"_s, u"midi"_s, u"wmv"_s,
+        u"asf"_s, u"avi"_s, u"mkv"_s, u"mp4"_s, u"m4v"_s, u"mov"_s, u"mpg"_s, u"mpeg"_s, u"m2ts"_s,
+        u"mts"_s, u"ts"_s, u"vob"_s, u"webm"_s, u"flv"_s, u"3gp"_s, u"ogv"_s};
+    const qsizetype punkt = name.lastIndexOf(u'.');
+    return punkt >= 0 && endungen.contains(name.mid(punkt + 1).trimmed().toLower());
+}
+
 void Ausgabebox::BewertungTracks()
 {
     QString name;
@@ -81,7 +95,7 @@ void Ausgabebox::imgSongNote_Click(int index)
 {
     // The entry of filTrack, also while a playlist is the source: this reach stands.
     const QString eintrag = filTrack->List(TrackIndex);
-    if (!eintrag.contains(u'.'))
+    if (!eintrag.contains(u'.') || !IstMedienname(eintrag))
         return;
     const QString ordner = TextMusikpfad->text().trimmed();
     const QString neu = TrackMitBewertung(eintrag.trimmed(), index + 1);

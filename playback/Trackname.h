@@ -8,3 +8,6 @@
 QString TrackMitBewertung(const QString& name, int sterne);
 // The stars a name shows: 0 for none and for a digit above 6.
 int TrackBewertung(const QString& name);
+// True for a name whose extension is that of a sound or video file: only such files are
+// rated, a cover, a booklet or a text beside them keeps its name.
+bool IstMedienname(const QString& name);

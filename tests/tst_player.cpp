@@ -90,6 +90,30 @@ private slots:
         QCOMPARE(TrackBewertung("ohne"), 0);
     }
 
+    // The Track stars show the first Track of each Carrier from the start on; a file that
+    // is no sound or video keeps its name; a relative music path is no folder.
+    void sterneFolgenDemTontraeger()
+    {
+        starten({"Erstes - 5.mp3", "Heft - 2.pdf"}, false);
+        QCOMPARE(helleSterne(w->imgSongNote), 5);
+        w->MSFlexGrid1->setRow(2);
+        QCOMPARE(helleSterne(w->imgSongNote), 0);
+        w->MSFlexGrid1->setRow(1);
+        QCOMPARE(helleSterne(w->imgSongNote), 5);
+        TrackIndex = eintrag("Heft - 2.pdf");
+        w->imgSongNote_Click(3);
+        QVERIFY(QFile::exists(musik + "Heft - 2.pdf"));
+        QVERIFY(IstMedienname("a.MKV") && IstMedienname("b.wma") && !IstMedienname("c.jpg") && !IstMedienname("mp3"));
+
+        const QString vorher = QDir::currentPath();
+        QDir::setCurrent(musik + "..");
+        w->TextMusikpfad->setText("Abba/");
+        w->TrackListeLaden();
+        QDir::setCurrent(vorher);
+        QVERIFY(!w->filTrack->isEnabled());
+        QCOMPARE(w->filTrack->count(), 0);
+    }
+
     void sterneBenennenDieDateiUm()
     {
         starten({"Live - 1999.mp3", "Side - 7.mp3", "Song - 3.mp3", "ohne"}, false);
