@@ -67,6 +67,18 @@ private slots:
             }
         }
         QVERIFY(tracks >= 15);
+        // Every format a collection commonly holds, and the list of the demo's styles for
+        // the exclusion window, beside the catalogue and in the program folder.
+        QStringList endungen;
+        for (const QString& ordner : musik)
+            for (const QFileInfo& d : QDir(ordner).entryInfoList(QDir::Files))
+                endungen << d.suffix();
+        for (const char* endung : {"mp3", "ogg", "flac", "wav", "wma", "mp4"})
+            QVERIFY2(endungen.contains(endung), endung);
+        QStringList stile = KatalogSpalte(katalog, "Stil");
+        stile.sort();
+        stile.removeDuplicates();
+        QCOMPARE(TextdateiLesen(demo + "Stilrichtung.ini"), stile);
 
         // The rich text fields are plain ASCII RTF with the German letters escaped, and
         // the blank rule holds for the empty fields.
@@ -126,6 +138,7 @@ private slots:
         QCOMPARE(w.Data1->DatabaseName(), programm + "Demo/Demo.db");
         QCOMPARE(w.MSFlexGrid1->Rows(), 1 + KatalogSpalte(programm + "Demo/Demo.db", "Band").size());
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
+        QCOMPARE(TextdateiLesen(programm + "Stilrichtung.ini"), TextdateiLesen(programm + "Demo/Stilrichtung.ini"));
     }
 };
 

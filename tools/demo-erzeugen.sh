@@ -78,6 +78,7 @@ ablegen() {
         *.ogg) codec="-c:a libvorbis -q:a 2" ;;
         *.flac) codec="-c:a flac -compression_level 12" ;;
         *.wav) codec="-c:a pcm_s16le" ;;
+        *.wma) codec="-c:a wmav2 -b:a 64k" ;;
     esac
     # shellcheck disable=SC2086
     ffmpeg -v error -y -i "$1" -ac 1 -ar $AUSGABE_RATE $codec -map_metadata -1 -fflags +bitexact -flags:a +bitexact \
@@ -142,7 +143,7 @@ lied "$B" "$A" "Midnight Tram - 4.mp3" "Midnight Tram" 0.24 triangle \
 lied "$B" "$A" "Streetlights - 3.mp3" "Streetlights" 0.26 triangle \
     "C5:1 B4:1 A4:1 G4:2 E4:2 F4:1 G4:1 A4:4 -:1 G4:1 E4:1 C4:4" \
     pluck "F2+C3+F3:4 C3+G3+C4:4 F2+C3+F3:4 C3+G3+C4:4"
-lied "$B" "$A" "Last Stop.mp3" "Last Stop" 0.3 triangle \
+lied "$B" "$A" "Last Stop.wma" "Last Stop" 0.3 triangle \
     "E4:2 D4:1 C4:1 D4:2 G3:2 C4:1 D4:1 E4:1 G4:1 C5:4" \
     sine "C3+G3:6 G2+D3:4 C3+G3:5"
 cover "$B" "$A" "#101935" "#3a506b" "#ffb703"
