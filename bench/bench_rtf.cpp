@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextList>
 
 #include <algorithm>
 #include <cstdio>
@@ -63,5 +64,29 @@ int main(int argc, char** argv)
     std::printf("RtfLesen      Median %8.1f us\n", lesen);
     std::printf("RtfText       Median %8.1f us\n", text);
     std::printf("RtfSchreiben  Median %8.1f us\n", schreiben);
+
+    // Long lists, as a pasted catalogue of a whole collection makes them: read once each.
+    auto liste = [&](QTextListFormat::Style stil, int punkte) {
+        QTextDocument d;
+        d.setDefaultFont(standard);
+        QTextCursor k(&d);
+        QTextListFormat lf;
+        lf.setStyle(stil);
+        k.insertText(QStringLiteral("Punkt 1 mit etwas Text, wie eine Liste ihn hat"));
+        k.createList(lf);
+        for (int i = 2; i <= punkte; ++i) {
+            k.insertBlock();
+            k.insertText(QStringLiteral("Punkt %1 mit etwas Text, wie eine Liste ihn hat").arg(i));
+        }
+        return RtfSchreiben(&d);
+    };
+    const QList<QPair<const char*, QString>> listen = {
+        {"10,000 Punkte", liste(QTextListFormat::ListDisc, 10000)},
+        {"1 MB Punkte", liste(QTextListFormat::ListDisc, 9000)},
+        {"1 MB Nummern", liste(QTextListFormat::ListDecimal, 8000)}};
+    for (const auto& [name, quelle] : listen) {
+        const double ms = MedianMikro(3, [&] { RtfLesen(quelle, &dokument, standard); }) / 1000.0;
+        std::printf("RtfLesen %-14s %7.2f MB RTF: %8.1f ms\n", name, quelle.size() / 1e6, ms);
+    }
     return laenge > 0 ? 0 : 1;
 }

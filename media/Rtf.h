@@ -20,7 +20,7 @@ constexpr int ErstzeileTwips = QTextFormat::UserProperty + 0x5202;
 } // namespace RtfEigenschaft
 
 // Replaces the content of the document with the RTF source. A text that does not begin with
-// "{\rtf" is taken as plain text. Font and size that the source leaves open come from
+// "{\rtf" (after blanks and line ends) is taken as plain text. Font and size that the source leaves open come from
 // standard, which also becomes the document's default font. Never fails: bad input gives
 // whatever text could be read.
 void RtfLesen(const QString& rtf, QTextDocument* dokument, const QFont& standard);

@@ -297,9 +297,59 @@ private:
     bool m_zustandNeu = true;
     std::vector<std::pair<Zeichenzustand, QTextCharFormat>> m_formate;
     QTextList* m_liste = nullptr;
-    int m_listeArt = 0, m_listeLs = 0, m_listeEbene = 0;
-    bool m_listeEingerueckt = false;
+    // The run of list paragraphs of one kind in a row that the paragraph belongs to.
+    int m_laufArt = KeineListe, m_laufLs = 0, m_laufEbene = 0;
+    bool m_laufEingerueckt = false;
+    int m_laufLaenge = 0;
+    qsizetype m_absatzAnfang = 0; // plain text: where the paragraph being read starts
+
+    // The collected bytes end in the first byte of a double-byte character.
+    bool folgebyteFehlt() const;
+    int listenArt(const Absatzzustand& a) const;
+    bool imLaufZaehlen(int art, const Absatzzustand& a);
+    QString markeAlsText() const;
 };
+
+// The toolkit's lists cost the square of their items to build. A bullet list is therefore
+// made of lists of this many items, which look as one; a numbered list keeps its items up
+// to the larger number as a list and shows the items beyond with their number as text.
+constexpr int PunkteJeListe = 64;
+constexpr int NummernAlsListe = 2000;
+
+int Leser::listenArt(const Absatzzustand& a) const
+{
+    if (a.liste == KeineListe && a.ls > 0)
+        return std::any_of(m_marke.begin(), m_marke.end(), [](QChar c) { return c.isDigit(); }) ? Ziffern
+                                                                                                 : Punkte;
+    return a.liste;
+}
+
+// Counts the paragraph into its run; true for a numbered item past those kept as a list.
+bool Leser::imLaufZaehlen(int art, const Absatzzustand& a)
+{
+    const bool eingerueckt = a.links <= 0;
+    if (art == KeineListe || art != m_laufArt || a.ls != m_laufLs || a.ebene != m_laufEbene
+        || eingerueckt != m_laufEingerueckt) {
+        m_laufArt = art;
+        m_laufLs = a.ls;
+        m_laufEbene = a.ebene;
+        m_laufEingerueckt = eingerueckt;
+        m_laufLaenge = 0;
+    }
+    if (art == KeineListe)
+        return false;
+    ++m_laufLaenge;
+    return art != Punkte && m_laufLaenge > NummernAlsListe;
+}
+
+// The number of the item as the source gives it, else as counted, and a tab.
+QString Leser::markeAlsText() const
+{
+    QString marke = m_marke.trimmed();
+    if (marke.isEmpty())
+        marke = QString::number(m_laufLaenge) + u'.';
+    return marke + u'\t';
+}
 
 void Leser::lesen()
 {
@@ -315,6 +365,12 @@ void Leser::lesen()
         ++m_pos;
         if (c == u'\r' || c == u'\n')
             continue;
+        // In a double-byte code page the second byte of a character may be a plain
+        // letter, written as itself after the \'xx of the first.
+        if (!m_bytes.isEmpty() && c < 0x80 && c != u'{' && c != u'}' && folgebyteFehlt()) {
+            m_bytes.append(char(c));
+            continue;
+        }
         if (!m_bytes.isEmpty())
             bytesAusgeben();
         if (c == u'{') {
@@ -699,6 +755,23 @@ void Leser::byteEin(unsigned char byte)
     m_bytes.append(char(byte));
 }
 
+bool Leser::folgebyteFehlt() const
+{
+    auto leitbyte = [this](unsigned char b) {
+        switch (m_bytesSeite) {
+        case 932: return (b >= 0x81 && b <= 0x9F) || (b >= 0xE0 && b <= 0xFC);
+        case 936:
+        case 949:
+        case 950: return b >= 0x81 && b <= 0xFE;
+        default: return false;
+        }
+    };
+    qsizetype i = 0;
+    while (i < m_bytes.size())
+        i += leitbyte(static_cast<unsigned char>(m_bytes[i])) ? 2 : 1;
+    return i > m_bytes.size();
+}
+
 void Leser::bytesAusgeben()
 {
     const QByteArray bytes = std::exchange(m_bytes, QByteArray());
@@ -767,7 +840,10 @@ void Leser::schriftFertig()
 void Leser::absatzEnde()
 {
     if (!m_dokument) {
+        if (imLaufZaehlen(listenArt(g().a), g().a))
+            m_text.insert(m_absatzAnfang, markeAlsText());
         m_text.append(u'\n');
+        m_absatzAnfang = m_text.size();
         m_absatzLeer = true;
         ++m_absaetze;
         m_marke.clear();
@@ -840,10 +916,10 @@ QTextBlockFormat Leser::blockFormat(const Absatzzustand& a) const
 void Leser::absatzAusgeben()
 {
     const Absatzzustand& a = g().a;
-    int art = a.liste;
-    if (art == KeineListe && a.ls > 0)
-        art = std::any_of(m_marke.begin(), m_marke.end(), [](QChar c) { return c.isDigit(); })
-            ? Ziffern : Punkte;
+    int art = listenArt(a);
+    const bool nummerAlsText = imLaufZaehlen(art, a);
+    if (nummerAlsText)
+        art = KeineListe;
     QTextBlockFormat bf = blockFormat(a);
     if (art != KeineListe)
         bf.setProperty(RtfEigenschaft::ErstzeileTwips, a.erste);
@@ -856,26 +932,22 @@ void Leser::absatzAusgeben()
     } else {
         m_cursor.insertBlock(bf, marke);
     }
+    if (nummerAlsText)
+        m_cursor.insertText(markeAlsText(), m_laeufe.empty() ? marke : format(m_laeufe.front().second));
     for (size_t i = 0; i < m_laeufe.size(); ++i) {
         const qsizetype von = m_laeufe[i].first;
         const qsizetype bis = i + 1 < m_laeufe.size() ? m_laeufe[i + 1].first : m_absatz.size();
         m_cursor.insertText(m_absatz.mid(von, bis - von), format(m_laeufe[i].second));
     }
     if (art != KeineListe) {
-        const bool eingerueckt = a.links <= 0;
-        if (m_liste && m_listeArt == art && m_listeLs == a.ls && m_listeEbene == a.ebene
-            && m_listeEingerueckt == eingerueckt) {
+        if (m_liste && m_laufLaenge > 1 && (art != Punkte || (m_laufLaenge - 1) % PunkteJeListe != 0)) {
             m_liste->add(m_cursor.block());
         } else {
             QTextListFormat lf;
             lf.setStyle(ListenStil(art));
             // The paragraph's own indent makes room for the bullet; without one the list does.
-            lf.setIndent(eingerueckt ? 1 : 0);
+            lf.setIndent(m_laufEingerueckt ? 1 : 0);
             m_liste = m_cursor.createList(lf);
-            m_listeArt = art;
-            m_listeLs = a.ls;
-            m_listeEbene = a.ebene;
-            m_listeEingerueckt = eingerueckt;
         }
     } else {
         m_liste = nullptr;
@@ -906,7 +978,14 @@ QString EinfacherText(const QString& text)
     return aus;
 }
 
-bool IstRtf(const QString& text) { return text.startsWith(QLatin1String("{\\rtf")); }
+// Blanks, line ends or a byte order mark before the group are no reason to show the source.
+bool IstRtf(const QString& text)
+{
+    qsizetype i = 0;
+    while (i < text.size() && (text[i].isSpace() || text[i] == QChar(0xFEFF)))
+        ++i;
+    return QStringView(text).sliced(i).startsWith(QLatin1String("{\\rtf"));
+}
 
 } // namespace
 

@@ -306,7 +306,8 @@ void Schreiber::absatz(const QTextBlock& block)
         } else {
             m_aus += QLatin1String("\\pnlvlbody\\");
             m_aus += QLatin1String(pnStil);
-            m_aus += QLatin1String("\\pnindent0{\\pntxta .}}");
+            // Without a start other word processors count from 0.
+            m_aus += QLatin1String("\\pnstart1\\pnindent0{\\pntxta .}}");
         }
         m_wortOffen = false;
     }

@@ -361,8 +361,15 @@ void TestRtf::zeichenUndSchriften()
     if (QStringDecoder("windows-1251").isValid())
         QCOMPARE(RtfText(u"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset204 Arial;}}\\'e4\\f1\\'e4\\'e0\\f0\\'e4}"_s),
                  u"äдаä"_s);
-    if (QStringDecoder("Shift_JIS").isValid())
+    if (QStringDecoder("Shift_JIS").isValid()) {
         QCOMPARE(RtfText(u"{\\rtf1\\ansi\\ansicpg932 \\'82\\'a0x}"_s), u"あx"_s);
+        // The second byte of a double-byte character may stand as a plain letter.
+        QCOMPARE(RtfText(u"{\\rtf1\\ansi\\ansicpg932 \\'83A\\'83Cx}"_s), u"アイx"_s);
+        QCOMPARE(Lesen(d, u"{\\rtf1\\ansi\\ansicpg932 \\'83A\\'83Cx}"_s), u"アイx"_s);
+    }
+    // Blanks and line ends before the group still make it RTF.
+    QCOMPARE(Lesen(d, u" \r\n{\\rtf1\\ansi M\\'e4dchen}"_s), u"Mädchen"_s);
+    QCOMPARE(RtfText(u"\n {\\rtf1\\ansi M\\'e4dchen}"_s), u"Mädchen"_s);
 
     // Plain text in the field: lines become paragraphs in the standard font, unchanged.
     const QString zeilen = u"Zeile 1\r\nZeile 2\rZeile 3\n{\\b kein RTF}"_s;
@@ -392,6 +399,37 @@ void TestRtf::listen()
     QCOMPARE(Absatz(d, 1).intProperty(RtfEigenschaft::ErstzeileTwips), -360);
     // Without an indent of its own the list makes room for the bullet.
     QCOMPARE(d.lastBlock().textList()->format().indent(), 1);
+
+    // Long lists are built in linear time. Bullets: lists of 64 items, written back as
+    // they came. Numbers: the items past 2000 carry their number as text, and the plain
+    // text read without a document says the same.
+    QTextDocument lang;
+    QTextCursor k(&lang);
+    QTextListFormat punkte;
+    punkte.setStyle(QTextListFormat::ListDisc);
+    k.insertText(u"Punkt 1"_s);
+    k.createList(punkte);
+    for (int i = 2; i <= 200; ++i) {
+        k.insertBlock();
+        k.insertText(u"Punkt %1"_s.arg(i));
+    }
+    const QString punkteRtf = RtfSchreiben(&lang);
+    Lesen(d, punkteRtf);
+    QCOMPARE(d.blockCount(), 200);
+    QCOMPARE(d.lastBlock().textList()->format().style(), QTextListFormat::ListDisc);
+    QCOMPARE(d.findBlockByNumber(63).textList(), d.firstBlock().textList());
+    QCOMPARE(RtfSchreiben(&d), punkteRtf);
+    QString nummern = u"{\\rtf1\\ansi "_s;
+    for (int i = 1; i <= 2003; ++i)
+        nummern += u"{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\pndec\\pnstart1}\\fi-360\\li720 Nr %1\\par"_s.arg(i);
+    nummern += u"\\pard Ende}"_s;
+    Lesen(d, nummern);
+    QCOMPARE(d.findBlockByNumber(1999).textList()->itemText(d.findBlockByNumber(1999)), u"2000."_s);
+    QCOMPARE(d.findBlockByNumber(2000).textList(), nullptr);
+    QCOMPARE(d.findBlockByNumber(2000).text(), u"2001.\tNr 2001"_s);
+    QCOMPARE(RtfText(nummern), d.toPlainText());
+    // Numbered items say where they start, or other word processors count from 0.
+    QVERIFY(RtfSchreiben(&d).contains(u"\\pndec\\pnstart1"_s));
 }
 
 void TestRtf::schreiben()
