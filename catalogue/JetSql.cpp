@@ -120,7 +120,8 @@ void lenFunktion(sqlite3_context* ctx, int, sqlite3_value** argv)
     sqlite3_result_int64(ctx, textArgument(argv[0]).size());
 }
 
-void leftFunktion(sqlite3_context* ctx, int, sqlite3_value** argv)
+// Jet's Left and Right: the first or the last n characters.
+void randTeil(sqlite3_context* ctx, sqlite3_value** argv, bool links)
 {
     qint64 n = 0;
     if (istNull(argv[0]) || !zahlArgument(ctx, argv[1], n))
@@ -129,20 +130,12 @@ void leftFunktion(sqlite3_context* ctx, int, sqlite3_value** argv)
         sqlite3_result_error(ctx, k_ungueltigesArgument, -1);
         return;
     }
-    textErgebnis(ctx, textArgument(argv[0]).left(n));
+    const QString text = textArgument(argv[0]);
+    textErgebnis(ctx, links ? text.left(n) : text.right(n));
 }
 
-void rightFunktion(sqlite3_context* ctx, int, sqlite3_value** argv)
-{
-    qint64 n = 0;
-    if (istNull(argv[0]) || !zahlArgument(ctx, argv[1], n))
-        return;
-    if (n < 0) {
-        sqlite3_result_error(ctx, k_ungueltigesArgument, -1);
-        return;
-    }
-    textErgebnis(ctx, textArgument(argv[0]).right(n));
-}
+void leftFunktion(sqlite3_context* ctx, int, sqlite3_value** argv) { randTeil(ctx, argv, true); }
+void rightFunktion(sqlite3_context* ctx, int, sqlite3_value** argv) { randTeil(ctx, argv, false); }
 
 void midFunktion(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
