@@ -160,6 +160,8 @@ void Ausgabebox::TrackZufaellig()
     TrackIndex = track;
     if (track != 0)
         filTrack->setSelected(0, false);
+    // The current Track changed: its stars, not those of the first one.
+    BewertungTracks();
 }
 
 void Ausgabebox::PlaylistZeileZufaellig()

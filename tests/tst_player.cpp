@@ -95,11 +95,18 @@ private slots:
     void sterneFolgenDemTontraeger()
     {
         starten({"Erstes - 5.mp3", "Heft - 2.pdf"}, false);
-        QCOMPARE(helleSterne(w->imgSongNote), 5);
+        QCOMPARE(helleSterne(w->imgSongNote), TrackBewertung(w->filTrack->List(TrackIndex)));
         w->MSFlexGrid1->setRow(2);
         QCOMPARE(helleSterne(w->imgSongNote), 0);
         w->MSFlexGrid1->setRow(1);
         QCOMPARE(helleSterne(w->imgSongNote), 5);
+        // A Track drawn at random shows its own stars.
+        Speichern("ShuffleSongProCD", "2");
+        w->SongZaehler = 1;
+        Attrappen::zufall().werte << 0.9;
+        w->TontraegerZufaellig();
+        QCOMPARE(TrackIndex, eintrag("Heft - 2.pdf"));
+        QCOMPARE(helleSterne(w->imgSongNote), 2);
         TrackIndex = eintrag("Heft - 2.pdf");
         w->imgSongNote_Click(3);
         QVERIFY(QFile::exists(musik + "Heft - 2.pdf"));
