@@ -3,7 +3,9 @@
 // (MSFlexGrid1), the bound record controls, the Track list, the playlist and the
 // player's members and timers. Other windows read and drive its controls directly.
 //
-// The procedures are implemented in files grouped by subsystem:
+// Its controls are the plain struct AusgabeboxSteuerelemente. Procedures move into
+// subsystem parts (Teilbereich, see there) as their subsystems are taken apart; the rest
+// are implemented in files grouped by subsystem:
 //   shell/Ausgabebox_Aufbau.cpp          controls, menus and their design places
 //   shell/Ausgabebox_Start.cpp           start, settings, layout, end
 //   catalogue/Ausgabebox_Datenbank.cpp   load, new, save as, refresh, recent list
@@ -174,9 +176,6 @@ public:
     // play exclusion lists name (binary containment, as in the random choice).
     bool TontraegerAusgeschlossen();
 
-    // ---- Sleep timer (playback/Ausgabebox_Sleep.cpp) ----
-    void mnuSleep_Click();
-    void TimerSleep_Timer();
 
     // ---- Sequencer (playback/Ausgabebox_Sequenzer.cpp) ----
     void Timer1_Timer();
@@ -212,6 +211,9 @@ public:
     void LastanzeigeStarten();
     void PlaylistSpeichern();
 
+    // ---- Subsystem parts ----
+    class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
+
     // ---- State of the window ----
     QString AktivesFeld;
     QString AktivesTextfeld;
@@ -219,8 +221,6 @@ public:
     int ShuffleSongProCD = 1;
     // Songs chosen on the current Carrier in this shuffle run.
     int SongZaehler = 1;
-    // At the sleep time the computer is switched off instead of only ending the program.
-    bool SleepHerunterfahren = false;
     // The standard font of the text panes, for new entries.
     QString StandardFontName = QStringLiteral("Segoe UI");
     double StandardFontsize = 12;
@@ -273,9 +273,10 @@ private:
     void TontraegerZeigen(int zeile);
     void TrackZufaellig();
     void PlaylistZeileZufaellig();
-    // The computer is on its way down: the sleep timer asks no second time.
-    bool m_ausschaltenLaeuft = false;
     class Einzelinstanz* m_instanz = nullptr;
+    // The parts, children of the window made after its controls.
+    void TeileAnlegen();
+    class Schlafmodus* m_schlafmodus = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -853,12 +853,6 @@ void Ausgabebox::EreignisseVerbinden()
     connect(MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
     connect(mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
     connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
-    // The handler decides about the check mark from the state before the click.
-    connect(mnuSleep, &QAction::triggered, this, [this](bool haken) {
-        mnuSleep->setChecked(!haken);
-        mnuSleep_Click();
-    });
-    connect(TimerSleep, &Zeitgeber::Timer, this, [this] { TimerSleep_Timer(); });
     connect(imgLiedzufall, &Bildknopf::MouseUp, this, [this](Qt::MouseButton knopf) {
         QCoreApplication::processEvents();
         if (knopf == Qt::LeftButton)

@@ -13,6 +13,7 @@
 #include "platform/Pfade.h"
 #include "platform/Textdatei.h"
 #include "platform/Uhr.h"
+#include "playback/Schlafmodus.h"
 #include "shell/Anwendung.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -80,6 +81,7 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     SteuerelementeAnlegen();
     MenusAnlegen();
     Entwurfsplaetze();
+    TeileAnlegen();
     EreignisseVerbinden();
     for (int i = 0; i < 18; ++i)
         SpaltenTitel[size_t(i)].clear();
@@ -87,6 +89,12 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     staBar->setPanelText(6, QStringLiteral("Sleep Off"));
     resize(Px(15225), Px(10725));
     Hauptfenster = this;
+}
+
+void Ausgabebox::TeileAnlegen()
+{
+    m_schlafmodus = new Schlafmodus(*this);
+    m_schlafmodus->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

@@ -7,6 +7,7 @@
 
 #include "platform/Dienste.h"
 #include "playback/frmUhrzeit.h"
+#include "playback/Schlafmodus.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -65,7 +66,7 @@ class TestSleep : public QObject {
     {
         QVERIFY(!w->mnuSleep->isChecked());
         QVERIFY(!w->TimerSleep->isEnabled());
-        QVERIFY(!w->SleepHerunterfahren);
+        QVERIFY(!w->schlafmodus().SleepHerunterfahren);
         QCOMPARE(w->staBar->PanelText(6), QString("Sleep Off"));
     }
 
@@ -131,7 +132,7 @@ private slots:
     void exitAbbruchUndZweiterKlickLassenSleepAus()
     {
         starten();
-        w->SleepHerunterfahren = true;
+        w->schlafmodus().SleepHerunterfahren = true;
         // "Exit", and a box closed without an answer, ask nothing more.
         for (const char* antwort : {"Exit", ""}) {
             Attrappen::dialoge().antwortenMsg.enqueue(antwort);
@@ -171,7 +172,7 @@ private slots:
             Attrappen::energie().gelingt = fall.gelingt;
             const QDateTime ziel = jetzt().addSecs(fall.sekunden);
             armieren(fall.antwort, hhmm(ziel));
-            QCOMPARE(w->SleepHerunterfahren, ja);
+            QCOMPARE(w->schlafmodus().SleepHerunterfahren, ja);
             QCOMPARE(w->staBar->PanelText(6), "Sleep " + hhmm(ziel));
             Attrappen::uhr().vorruecken(bisZurMinute(fall.sekunden < 0 ? ziel.addDays(1) : ziel) - 1);
             QVERIFY(Attrappen::prozess().beendet.isEmpty());

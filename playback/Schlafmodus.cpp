@@ -1,5 +1,7 @@
 // The sleep function: at a time of day the program ends, or the computer is switched
 // off where the user may. The running player is not looked at.
+#include "playback/Schlafmodus.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "platform/Dialogdienst.h"
@@ -13,32 +15,42 @@
 #include <QAction>
 #include <QCoreApplication>
 
-void Ausgabebox::mnuSleep_Click()
+void Schlafmodus::verbinden()
+{
+    // The handler decides about the check mark from the state before the click.
+    connect(box.mnuSleep, &QAction::triggered, this, [this](bool haken) {
+        box.mnuSleep->setChecked(!haken);
+        mnuSleep_Click();
+    });
+    connect(box.TimerSleep, &Zeitgeber::Timer, this, [this] { TimerSleep_Timer(); });
+}
+
+void Schlafmodus::mnuSleep_Click()
 {
     auto aus = [this] {
         SleepHerunterfahren = false;
-        TimerSleep->setEnabled(false);
-        mnuSleep->setChecked(false);
-        staBar->setPanelText(6, QStringLiteral("Sleep Off"));
+        box.TimerSleep->setEnabled(false);
+        box.mnuSleep->setChecked(false);
+        box.staBar->setPanelText(6, QStringLiteral("Sleep Off"));
     };
     auto zeitFragen = [this] {
-        frmUhrzeit fenster(this);
+        frmUhrzeit fenster(&box);
         fenster.Form_Load();
-        FensterPlatzieren(&fenster, this, QStringLiteral("center"), 10);
+        FensterPlatzieren(&fenster, &box, QStringLiteral("center"), 10);
         fenster.Anzeigen();
     };
     auto an = [this](bool herunterfahren) {
         SleepHerunterfahren = herunterfahren;
         m_ausschaltenLaeuft = false;
-        TimerSleep->setEnabled(true);
-        staBar->setPanelText(6, QStringLiteral("Sleep ") + SleepZeit);
+        box.TimerSleep->setEnabled(true);
+        box.staBar->setPanelText(6, QStringLiteral("Sleep ") + SleepZeit);
     };
 
-    if (mnuSleep->isChecked()) {
+    if (box.mnuSleep->isChecked()) {
         aus();
         return;
     }
-    mnuSleep->setChecked(true);
+    box.mnuSleep->setChecked(true);
     const QString antwort = MsgNimb(QStringLiteral("Soll der PC nach Aufruf der Sleep-Funktion \n"
                                                    "heruntergefahren werden?"),
                                     32, 2, QStringLiteral("Sleep-Modus"), 0);
@@ -46,7 +58,7 @@ void Ausgabebox::mnuSleep_Click()
         if (!D().energie().darfAusschalten()) {
             MsgNimb(QStringLiteral("Für das Herunterfahren des PC's werden Admin-Rechte benötigt!"), 4, 0,
                     QStringLiteral("Benutzerhinweis"), 0);
-            mnuSleep->setChecked(false);
+            box.mnuSleep->setChecked(false);
             return;
         }
         zeitFragen();
@@ -63,14 +75,14 @@ void Ausgabebox::mnuSleep_Click()
         aus();
 }
 
-void Ausgabebox::TimerSleep_Timer()
+void Schlafmodus::TimerSleep_Timer()
 {
-    if (!mnuSleep->isChecked())
+    if (!box.mnuSleep->isChecked())
         return;
     if (D().uhr().jetzt().time().toString(QStringLiteral("hh:mm")) != SleepZeit)
         return;
     if (!SleepHerunterfahren) {
-        AlleFensterSchliessen();
+        box.AlleFensterSchliessen();
         QCoreApplication::processEvents();
         return;
     }
@@ -83,9 +95,9 @@ void Ausgabebox::TimerSleep_Timer()
     }
     // Refused: nobody may be there to read it, so the hint closes by itself and the
     // program ends as it would without the shutdown.
-    TimerSleep->setEnabled(false);
+    box.TimerSleep->setEnabled(false);
     MsgNimb(QStringLiteral("Der PC konnte nicht heruntergefahren werden.\nRillenkammer wird beendet."), 3, 0,
             QStringLiteral("Sleep-Modus"), 30);
-    AlleFensterSchliessen();
+    box.AlleFensterSchliessen();
     QCoreApplication::processEvents();
 }
