@@ -3,6 +3,8 @@
 // in legal combinations; Timer2 writes the running title into the minimised caption.
 #include "shell/Ausgabebox.h"
 
+#include "playback/Zufallswahl.h"
+
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Medien.h"
@@ -282,7 +284,7 @@ bool Ausgabebox::PlaylistZeileWaehlen()
     if (TrackIndex == 0)
         TrackIndex = 1;
     if (chkShuffle->isChecked()) {
-        TontraegerZufaellig();
+        zufallswahl().TontraegerZufaellig();
         return true;
     }
     if (chkTracksZufaellig->isChecked()) {
@@ -370,14 +372,14 @@ void Ausgabebox::Timer1_Timer()
             break;
         }
         if (chkShuffle->isChecked())
-            TontraegerZufaellig();
+            zufallswahl().TontraegerZufaellig();
         else if (chkTracksZufaellig->isChecked()) {
             if (!ZufallsTrack())
                 return;
         } else if (!NaechsterTrack()) {
             return;
         }
-        if (TontraegerAusgeschlossen())
+        if (zufallswahl().TontraegerAusgeschlossen())
             continue;
         TextSongAktualisieren();
         break;

@@ -4,6 +4,7 @@
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
 #include "platform/Uhr.h"
+#include "playback/Zufallswahl.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -175,7 +176,7 @@ void frmWinMediaPlayer::imgVorBack_Click(int index)
         else if (index == 1)
             TrackIndex = TrackIndex >= letzte ? 0 : TrackIndex + 1;
         else
-            haupt->TontraegerZufaellig();
+            haupt->zufallswahl().TontraegerZufaellig();
         haupt->MiniPlayerVorBackStart();
         break;
     }

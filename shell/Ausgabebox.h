@@ -171,10 +171,6 @@ public:
     // The column of the bands: the one headed "Band", else column 0.
     int BandSpalte() const;
 
-    // ---- Random choice and play exclusions (playback/Ausgabebox_Zufall.cpp) ----
-    // True when the Carrier in the table's current row has a style or band that the
-    // play exclusion lists name (binary containment, as in the random choice).
-    bool TontraegerAusgeschlossen();
 
 
     // ---- Sequencer (playback/Ausgabebox_Sequenzer.cpp) ----
@@ -206,13 +202,13 @@ public:
     void CoverAZ();
     void AbspielausschlusslisteLaden();
     void BandAbspielausschlusslisteLaden();
-    void TontraegerZufaellig();
     void BezLaden();
     void LastanzeigeStarten();
     void PlaylistSpeichern();
 
     // ---- Subsystem parts ----
     class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
+    class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -269,14 +265,11 @@ private:
     bool m_timer1Laeuft = false;
     bool m_timer2Laeuft = false;
     int m_laufschriftPhase = 0;
-    // playback/Ausgabebox_Zufall.cpp
-    void TontraegerZeigen(int zeile);
-    void TrackZufaellig();
-    void PlaylistZeileZufaellig();
     class Einzelinstanz* m_instanz = nullptr;
     // The parts, children of the window made after its controls.
     void TeileAnlegen();
     class Schlafmodus* m_schlafmodus = nullptr;
+    class Zufallswahl* m_zufallswahl = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

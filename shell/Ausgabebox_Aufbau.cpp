@@ -853,11 +853,6 @@ void Ausgabebox::EreignisseVerbinden()
     connect(MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
     connect(mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
     connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
-    connect(imgLiedzufall, &Bildknopf::MouseUp, this, [this](Qt::MouseButton knopf) {
-        QCoreApplication::processEvents();
-        if (knopf == Qt::LeftButton)
-            TontraegerZufaellig();
-    });
     connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
         connect(ButtonAlpabeth[size_t(i)], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });

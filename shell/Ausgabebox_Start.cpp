@@ -14,6 +14,7 @@
 #include "platform/Textdatei.h"
 #include "platform/Uhr.h"
 #include "playback/Schlafmodus.h"
+#include "playback/Zufallswahl.h"
 #include "shell/Anwendung.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -95,6 +96,8 @@ void Ausgabebox::TeileAnlegen()
 {
     m_schlafmodus = new Schlafmodus(*this);
     m_schlafmodus->verbinden();
+    m_zufallswahl = new Zufallswahl(*this);
+    m_zufallswahl->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()
@@ -174,7 +177,7 @@ void Ausgabebox::Form_Load()
         AbspielausschlusslisteLaden();
         BandAbspielausschlusslisteLaden();
         DatenbankCheck(pfad);
-        TontraegerZufaellig();
+        m_zufallswahl->TontraegerZufaellig();
         BezLaden();
         LastanzeigeStarten();
         // 19. - 22.

@@ -10,6 +10,7 @@
 #include "collections/Ausschlusslisten.h"
 #include "collections/frmBandAusschlussliste.h"
 #include "collections/frmStilausschlussliste.h"
+#include "playback/Zufallswahl.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -88,7 +89,7 @@ class TestAusschluss : public QObject {
         for (double r : werte)
             zufall.werte.enqueue(r);
         zufall.werte.enqueue(-1); // what is left shows how many were drawn
-        w->TontraegerZufaellig();
+        w->zufallswahl().TontraegerZufaellig();
         return int(werte.size()) + 1 - int(zufall.werte.size());
     }
 
@@ -260,11 +261,11 @@ private slots:
         w->TabelleEinrichten();
         for (int zeile = 1; zeile <= 4; ++zeile) {
             w->MSFlexGrid1->setRow(zeile);
-            QCOMPARE(w->TontraegerAusgeschlossen(), zeile == 1 || zeile == 3);
+            QCOMPARE(w->zufallswahl().TontraegerAusgeschlossen(), zeile == 1 || zeile == 3);
         }
         // An empty entry occurs in every cell.
         w->lstAbspielausschluss->addItem("");
-        QVERIFY(w->TontraegerAusgeschlossen());
+        QVERIFY(w->zufallswahl().TontraegerAusgeschlossen());
     }
 
     void alleAusgeschlossenGibtAuf()

@@ -8,6 +8,7 @@
 #include "platform/Medien.h"
 #include "playback/Trackname.h"
 #include "playback/frmWinMediaPlayer.h"
+#include "playback/Zufallswahl.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -104,7 +105,7 @@ private slots:
         Speichern("ShuffleSongProCD", "2");
         w->SongZaehler = 1;
         Attrappen::zufall().werte << 0.9;
-        w->TontraegerZufaellig();
+        w->zufallswahl().TontraegerZufaellig();
         QCOMPARE(TrackIndex, eintrag("Heft - 2.pdf"));
         QCOMPARE(helleSterne(w->imgSongNote), 2);
         TrackIndex = eintrag("Heft - 2.pdf");

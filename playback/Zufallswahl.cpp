@@ -1,5 +1,5 @@
-// The random choice of a Carrier and a Track, or of a playlist row, and the test of the
-// play exclusion lists that keeps unwanted styles and bands out of it.
+#include "playback/Zufallswahl.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -49,17 +49,26 @@ const QString ZweiterSatz =
 
 } // namespace
 
-bool Ausgabebox::TontraegerAusgeschlossen()
+void Zufallswahl::verbinden()
 {
-    const int zeile = MSFlexGrid1->Row();
-    if (zeile < 1)
-        return false;
-    SpalteStil = SpalteSuchen(QStringLiteral("Stil"));
-    return AusschlussTrifft(lstAbspielausschluss, MSFlexGrid1->TextMatrix(zeile, SpalteStil))
-        || AusschlussTrifft(lstBandAusschluss, MSFlexGrid1->TextMatrix(zeile, BandSpalte()));
+    connect(box.imgLiedzufall, &Bildknopf::MouseUp, this, [this](Qt::MouseButton knopf) {
+        QCoreApplication::processEvents();
+        if (knopf == Qt::LeftButton)
+            TontraegerZufaellig();
+    });
 }
 
-void Ausgabebox::TontraegerZufaellig()
+bool Zufallswahl::TontraegerAusgeschlossen()
+{
+    const int zeile = box.MSFlexGrid1->Row();
+    if (zeile < 1)
+        return false;
+    box.SpalteStil = box.SpalteSuchen(QStringLiteral("Stil"));
+    return AusschlussTrifft(box.lstAbspielausschluss, box.MSFlexGrid1->TextMatrix(zeile, box.SpalteStil))
+        || AusschlussTrifft(box.lstBandAusschluss, box.MSFlexGrid1->TextMatrix(zeile, box.BandSpalte()));
+}
+
+void Zufallswahl::TontraegerZufaellig()
 {
     // Errors are ignored here: a failed step leaves things as they are.
     try {
@@ -68,21 +77,21 @@ void Ausgabebox::TontraegerZufaellig()
             PlaylistZeileZufaellig();
             return;
         }
-        SpalteStil = SpalteSuchen(QStringLiteral("Stil"));
-        Recordset* rs = Data1->recordset();
+        box.SpalteStil = box.SpalteSuchen(QStringLiteral("Stil"));
+        Recordset* rs = box.Data1->recordset();
         if (!rs || rs->RecordCount() < 1)
             return;
-        if (SongZaehler < songsProTontraeger) {
-            ++SongZaehler;
+        if (box.SongZaehler < songsProTontraeger) {
+            ++box.SongZaehler;
             TrackZufaellig();
             return;
         }
-        SongZaehler = 1;
+        box.SongZaehler = 1;
 
         // Both counters count rejected draws, not different Carriers: after as many
         // rejections of one kind as there are rows the choice gives up.
         const int anzahl = rs->RecordCount();
-        const int bandSpalte = BandSpalte();
+        const int bandSpalte = box.BandSpalte();
         int stilZaehler = 0;
         int bandZaehler = 0;
         // Scattered draws fetch a block of rows each; after many rejections (a large table
@@ -90,20 +99,20 @@ void Ausgabebox::TontraegerZufaellig()
         std::vector<QString> stile;
         std::vector<QString> baender;
         auto zelle = [this](const std::vector<QString>& spalte, int zeile, int nummer) {
-            return size_t(zeile) < spalte.size() ? spalte[size_t(zeile)] : MSFlexGrid1->TextMatrix(zeile, nummer);
+            return size_t(zeile) < spalte.size() ? spalte[size_t(zeile)] : box.MSFlexGrid1->TextMatrix(zeile, nummer);
         };
         for (;;) {
             if (stilZaehler + bandZaehler == 256) {
-                for (int z = 0; z < MSFlexGrid1->Rows(); ++z) {
-                    stile.push_back(MSFlexGrid1->TextMatrix(z, SpalteStil));
-                    baender.push_back(MSFlexGrid1->TextMatrix(z, bandSpalte));
+                for (int z = 0; z < box.MSFlexGrid1->Rows(); ++z) {
+                    stile.push_back(box.MSFlexGrid1->TextMatrix(z, box.SpalteStil));
+                    baender.push_back(box.MSFlexGrid1->TextMatrix(z, bandSpalte));
                 }
             }
             const int zeile = int(std::floor(anzahl * D().zufall().Rnd() + 1));
             // The cells are read before the move, so that a rejected Carrier is not loaded
             // in vain; the last drawn one is shown in any case.
-            const bool stil = AusschlussTrifft(lstAbspielausschluss, zelle(stile, zeile, SpalteStil));
-            const bool band = !stil && AusschlussTrifft(lstBandAusschluss, zelle(baender, zeile, bandSpalte));
+            const bool stil = AusschlussTrifft(box.lstAbspielausschluss, zelle(stile, zeile, box.SpalteStil));
+            const bool band = !stil && AusschlussTrifft(box.lstBandAusschluss, zelle(baender, zeile, bandSpalte));
             if (stil && ++stilZaehler == anzahl) {
                 TontraegerZeigen(zeile);
                 MsgNimb(QStringLiteral("Diese Stilrichtung wurde im Menüpunkt 'Optionen/Stilrichtung "
@@ -131,45 +140,45 @@ void Ausgabebox::TontraegerZufaellig()
     }
 }
 
-void Ausgabebox::TontraegerZeigen(int zeile)
+void Zufallswahl::TontraegerZeigen(int zeile)
 {
     // The row change moves the record (MSFlexGrid1_RowColChange); a row that is current
     // already moves nothing, so a single record stays where it is.
-    if (MSFlexGrid1->Row() != zeile) {
-        MSFlexGrid1->setRow(zeile);
-    } else if (Recordset* rs = Data1->recordset(); rs && rs->AbsolutePosition() != zeile - 1) {
-        Data1->setAbsolutePosition(zeile - 1);
+    if (box.MSFlexGrid1->Row() != zeile) {
+        box.MSFlexGrid1->setRow(zeile);
+    } else if (Recordset* rs = box.Data1->recordset(); rs && rs->AbsolutePosition() != zeile - 1) {
+        box.Data1->setAbsolutePosition(zeile - 1);
     }
-    MSFlexGrid1->setTopRow(zeile);
+    box.MSFlexGrid1->setTopRow(zeile);
     QCoreApplication::processEvents();
 }
 
-void Ausgabebox::TrackZufaellig()
+void Zufallswahl::TrackZufaellig()
 {
-    const int anzahl = filTrack->count();
+    const int anzahl = box.filTrack->count();
     if (anzahl == 0)
         return;
     // Entry 0 is never drawn; with one entry the draw lies behind the list.
     const float r = einfacheZahl(D().zufall().Rnd());
     const int track = int(std::floor(float(anzahl - 1) * r + 1.0f));
     if (track < anzahl) {
-        filTrack->setSelected(track, true);
-        filTrack->setCurrentRow(track, QItemSelectionModel::NoUpdate);
-        filTrack->scrollToItem(filTrack->item(track));
+        box.filTrack->setSelected(track, true);
+        box.filTrack->setCurrentRow(track, QItemSelectionModel::NoUpdate);
+        box.filTrack->scrollToItem(box.filTrack->item(track));
     }
     TrackIndex = track;
     if (track != 0)
-        filTrack->setSelected(0, false);
+        box.filTrack->setSelected(0, false);
     // The current Track changed: its stars, not those of the first one.
-    BewertungTracks();
+    box.BewertungTracks();
 }
 
-void Ausgabebox::PlaylistZeileZufaellig()
+void Zufallswahl::PlaylistZeileZufaellig()
 {
     // Rows count from 1, as the played marks do; element 0 stays free.
-    const int anzahl = lvwPlaylist->topLevelItemCount();
+    const int anzahl = box.lvwPlaylist->topLevelItemCount();
     auto markiert = [this](int zeile) {
-        const QTreeWidgetItem* eintrag = lvwPlaylist->topLevelItem(zeile - 1);
+        const QTreeWidgetItem* eintrag = box.lvwPlaylist->topLevelItem(zeile - 1);
         return eintrag && eintrag->checkState(0) == Qt::Checked;
     };
     auto frei = [](int zeile) { return zeile >= 0 && size_t(zeile) < TrackGespielt.size() && TrackGespielt[size_t(zeile)] == 0; };
@@ -191,7 +200,7 @@ void Ausgabebox::PlaylistZeileZufaellig()
             TrackIndex = treffer;
         } else {
             std::fill(TrackGespielt.begin(), TrackGespielt.end(), 0);
-            if (!chkRepeat->isChecked()) {
+            if (!box.chkRepeat->isChecked()) {
                 // Every checked row has played: the run ends. The stop command of the
                 // transport belongs after this wait.
                 QCoreApplication::processEvents();
@@ -201,9 +210,9 @@ void Ausgabebox::PlaylistZeileZufaellig()
             TrackIndex = 1;
         }
     }
-    if (QTreeWidgetItem* eintrag = lvwPlaylist->topLevelItem(TrackIndex - 1)) {
-        lvwPlaylist->setCurrentItem(eintrag);
-        lvwPlaylist->scrollToItem(eintrag);
+    if (QTreeWidgetItem* eintrag = box.lvwPlaylist->topLevelItem(TrackIndex - 1)) {
+        box.lvwPlaylist->setCurrentItem(eintrag);
+        box.lvwPlaylist->scrollToItem(eintrag);
     }
     // The start command of the transport belongs here, for when something plays
     // ("playing:  " in panel 2): a random row then starts at once.
