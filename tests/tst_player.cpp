@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QVideoWidget>
 
@@ -317,6 +318,21 @@ private slots:
         QCOMPARE(panel(), QString("no play"));
         QVERIFY(StopGedrueckt);
         QCOMPARE(Lesen("WinMediaPlayerTop"), QString("600"));
+    }
+
+    // The window goes while the media window is open, a Track plays and the sequencer
+    // runs: its parts, made after the controls, outlive what they wired.
+    void schliessenWaehrendEsSpielt()
+    {
+        starten({"clip.mp4", "lied.mp3"}, true);
+        w->chkAlleTracks->setChecked(true);
+        spielen(0);
+        QVERIFY(w->WinMediaPlayer && w->WinMediaPlayer->isVisible());
+        w->mnuSleep->trigger();
+        Attrappen::uhr().vorruecken(3000);
+        QPointer<frmWinMediaPlayer> fenster = w->WinMediaPlayer;
+        w.reset();
+        QVERIFY(!fenster || !fenster->isVisible());
     }
 
     void laengeMessenUndApostroph()
