@@ -5,6 +5,7 @@
 //   bench_fenster [rows] [runs]
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "shell/Anwendung.h"
 #include "shell/Ausgabebox.h"
 #include "shell/EchteDialoge.h"
@@ -207,7 +208,7 @@ int main(int argc, char** argv)
         QCoreApplication::processEvents();
         filter.push_back(double(uhr.nsecsElapsed()) / 1e6);
         w->chkTabelle->setChecked(false);
-        w->MenuAktualisieren_Click();
+        w->katalogdatei().MenuAktualisieren_Click();
 
         QHeaderView* kopf = g->horizontalHeader();
         const int c = w->SpalteSuchen(QStringLiteral("Stil"));

@@ -3,6 +3,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -182,6 +183,6 @@ void Ausgabebox::MenuEintragLoeschen_Click()
     }
     g->setRedraw(true);
     Bez[13]->clear();
-    MenuAktualisieren_Click();
+    katalogdatei().MenuAktualisieren_Click();
     Mauszeiger(ZeigerStandard);
 }

@@ -4,6 +4,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
@@ -229,7 +230,7 @@ void Ausgabebox::chkTabelle_Click()
         return;
     }
     Speichern(QStringLiteral("TopRow"), QStringLiteral("0"));
-    MenuAktualisieren_Click();
+    katalogdatei().MenuAktualisieren_Click();
 }
 
 void Ausgabebox::mnuTabelleAutosize_Click()

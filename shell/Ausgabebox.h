@@ -8,7 +8,6 @@
 // are implemented in files grouped by subsystem:
 //   shell/Ausgabebox_Aufbau.cpp          controls, menus and their design places
 //   shell/Ausgabebox_Start.cpp           start, settings, layout, end
-//   catalogue/Ausgabebox_Datenbank.cpp   load, new, save as, refresh, recent list
 //   catalogue/Ausgabebox_Datensatz.cpp   bound fields, reposition, Carrier stars
 //   catalogue/Ausgabebox_Tabelle.cpp     table layout and table events
 //   and the files of the later subsystems, which add their procedures here.
@@ -45,21 +44,7 @@ public:
     void AlleFensterSchliessen();
     void TipboxLaden();
 
-    // ---- Catalogue file operations (catalogue/Ausgabebox_Datenbank.cpp) ----
-    // With a path the dialog is skipped (the recent list hands its entry over).
-    void mnuOeffnen_Click(const QString& pfad = {});
-    void mnuNeueDatenbank_Click();
-    void mnuSpeichernUnter_Click();
-    void MenuAktualisieren_Click();
-    void OrdnerMenuPfad(const QString& pfad);
-    // The path of recent entry n, and setting it (an empty path hides the entry).
-    QString OrdnerEintrag(int index) const;
-    void OrdnerEintragSetzen(int index, const QString& pfad);
-    void DatenbankWiederOeffnen(const QString& pfad, const QString& quelle);
-    // New catalogue (a copy of the template) or save as (a copy of the open one).
-    void DatenbankKopieAnlegen(const QString& titel, const QString& startordner, bool offeneKopieren,
-                               const QString& fehlertitel);
-    void mnuOrdner_Click(int index);
+    // ---- Catalogue file (the part Katalogdatei); the choice at start stays here ----
     void mnuDatenbank_Click();
 
     // ---- Record view (catalogue/Ausgabebox_Datensatz.cpp) ----
@@ -209,6 +194,7 @@ public:
     // ---- Subsystem parts ----
     class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
     class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
+    class Katalogdatei& katalogdatei() const { return *m_katalogdatei; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -270,6 +256,7 @@ private:
     void TeileAnlegen();
     class Schlafmodus* m_schlafmodus = nullptr;
     class Zufallswahl* m_zufallswahl = nullptr;
+    class Katalogdatei* m_katalogdatei = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

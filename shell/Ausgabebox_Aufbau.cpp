@@ -3,6 +3,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
@@ -797,17 +798,11 @@ void Ausgabebox::MenusAnlegen()
 
 void Ausgabebox::EreignisseVerbinden()
 {
-    connect(mnuOeffnen, &QAction::triggered, this, [this] { mnuOeffnen_Click(); });
-    connect(mnuNeueDatenbank, &QAction::triggered, this, [this] { mnuNeueDatenbank_Click(); });
-    connect(mnuSpeichernUnter, &QAction::triggered, this, [this] { mnuSpeichernUnter_Click(); });
-    connect(MenuAktualisieren, &QAction::triggered, this, [this] { MenuAktualisieren_Click(); });
     connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
     connect(mnuDatenbank, &QAction::triggered, this, [this] { mnuDatenbank_Click(); });
     connect(MenuNeuEingabe, &QAction::triggered, this, [this] { MenuNeuEingabe_Click(); });
     connect(MenuSpeichern, &QAction::triggered, this, [this] { MenuSpeichern_Click(); });
     connect(MenuEintragLoeschen, &QAction::triggered, this, [this] { MenuEintragLoeschen_Click(); });
-    for (int i = 0; i < 10; ++i)
-        connect(mnuOrdner[size_t(i)], &QAction::triggered, this, [this, i] { mnuOrdner_Click(i); });
     for (int i = 0; i < 15; ++i)
         connect(mnuSpalte[size_t(i)], &QAction::triggered, this, [this, i] {
             for (QAction* a : mnuSpalte)
@@ -819,10 +814,10 @@ void Ausgabebox::EreignisseVerbinden()
     const std::map<int, std::function<void()>> werkzeuge = {
         {0, [this] { MenuNeuEingabe_Click(); }},
         {1, [this] { MenuSpeichern_Click(); }},
-        {2, [this] { MenuAktualisieren_Click(); }},
+        {2, [this] { katalogdatei().MenuAktualisieren_Click(); }},
         {4, [this] { MenuSQLabfrage_Click(); }},
         {9, [this] { MenuBeenden(); }},
-        {10, [this] { mnuOeffnen_Click(); }},
+        {10, [this] { katalogdatei().mnuOeffnen_Click(); }},
         {16, [this] { mnuTabelleAutosize_Click(); }},
     };
     for (int i = 0; i < 21; ++i) {
@@ -846,7 +841,7 @@ void Ausgabebox::EreignisseVerbinden()
     for (Bildknopf* b : ButtonText)
         if (b)
             b->setEnabled(false);
-    connect(cmdABC, &QPushButton::clicked, this, [this] { MenuAktualisieren_Click(); });
+    connect(cmdABC, &QPushButton::clicked, this, [this] { katalogdatei().MenuAktualisieren_Click(); });
     connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
     connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
     connect(mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });

@@ -3,6 +3,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -98,6 +99,8 @@ void Ausgabebox::TeileAnlegen()
     m_schlafmodus->verbinden();
     m_zufallswahl = new Zufallswahl(*this);
     m_zufallswahl->verbinden();
+    m_katalogdatei = new Katalogdatei(*this);
+    m_katalogdatei->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()
@@ -295,7 +298,7 @@ void Ausgabebox::RegistryLesen()
     }
 
     for (int n = 0; n < 10; ++n)
-        OrdnerEintragSetzen(n, Lesen(QStringLiteral("%1Ordnerpfad").arg(n)));
+        m_katalogdatei->OrdnerEintragSetzen(n, Lesen(QStringLiteral("%1Ordnerpfad").arg(n)));
 }
 
 void Ausgabebox::DatenbankCheck(const QString& pfad)

@@ -5,6 +5,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -26,7 +27,7 @@ class TestDatenbankmenue : public QObject {
     {
         QStringList liste;
         for (int i = 0; i < 10; ++i)
-            liste << w->OrdnerEintrag(i);
+            liste << w->katalogdatei().OrdnerEintrag(i);
         return liste;
     }
 
@@ -45,7 +46,7 @@ private slots:
     {
         const QString a = KatalogAnlegen(ordner + "A.db", Baender({"Zappa", "Abba", "Ärzte", "ärger"}));
         Attrappen::dialoge().antwortenDatei << a;
-        w->mnuOeffnen_Click();
+        w->katalogdatei().mnuOeffnen_Click();
         const auto aufruf = Attrappen::dialoge().aufrufe.first();
         QCOMPARE(aufruf.art, QString("Datei"));
         QCOMPARE(aufruf.datei.titel, QString(" Datenbank laden"));
@@ -57,7 +58,7 @@ private slots:
         QCOMPARE(Lesen("ArchivPfad"), a);
         QCOMPARE(Lesen("Data1RecordSource"), QString("select * from Schallplatten order by Band, LPTitel"));
         QCOMPARE(DatenbankOrdner, ordner);
-        QCOMPARE(w->OrdnerEintrag(0), a);
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(0), a);
         // German order: the umlaut among its letter, case ignored.
         const int band = w->SpalteSuchen("Band");
         QStringList reihe;
@@ -70,7 +71,7 @@ private slots:
     {
         const QString vorher = w->Data1->DatabaseName();
         w->staBar->setPanelText(1, "bleibt");
-        w->mnuOeffnen_Click(); // the dialog answers nothing: cancel
+        w->katalogdatei().mnuOeffnen_Click(); // the dialog answers nothing: cancel
         QCOMPARE(w->staBar->PanelText(1), QString("bleibt"));
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
 
@@ -79,7 +80,7 @@ private slots:
         kopf.replace(4, 15, "Standard Jet DB");
         DateiSchreiben(jet, kopf);
         Attrappen::dialoge().antwortenDatei << jet;
-        w->mnuOeffnen_Click();
+        w->katalogdatei().mnuOeffnen_Click();
         const auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QVERIFY(m[0].text.contains(jet));
@@ -92,7 +93,7 @@ private slots:
     {
         const QString vorhanden = KatalogAnlegen(ordner + "Da.db", Baender({"Abba"}));
         Attrappen::dialoge().antwortenDatei << vorhanden;
-        w->mnuNeueDatenbank_Click();
+        w->katalogdatei().mnuNeueDatenbank_Click();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QCOMPARE(m[0].text, QString("Die Datenbank existiert schon und kann nicht überschrieben werden."));
@@ -102,7 +103,7 @@ private slots:
         const QString neu = ordner + "Neu.db";
         Attrappen::dialoge().leeren();
         Attrappen::dialoge().antwortenDatei << neu;
-        w->mnuNeueDatenbank_Click();
+        w->katalogdatei().mnuNeueDatenbank_Click();
         QVERIFY(Attrappen::dialoge().aufrufe.first().datei.speichern);
         QCOMPARE(Attrappen::dialoge().aufrufe.first().datei.titel, QString(" Neue Datenbank anlegen"));
         QVERIFY(QFileInfo(neu).isWritable());
@@ -117,12 +118,12 @@ private slots:
     void speichernUnterKopiertAlleZeilen()
     {
         const QString a = KatalogAnlegen(ordner + "Quelle.db", Baender({"Abba", "Bach", "Cream"}));
-        w->mnuOeffnen_Click(a);
+        w->katalogdatei().mnuOeffnen_Click(a);
         // An edit on screen is part of the copy.
         w->TextBand->setText("Abba (neu)");
         const QString kopie = Testordner("kopien") + "Kopie.db";
         Attrappen::dialoge().antwortenDatei << kopie;
-        w->mnuSpeichernUnter_Click();
+        w->katalogdatei().mnuSpeichernUnter_Click();
         QCOMPARE(Attrappen::dialoge().aufrufe.first().datei.startordner, ordner);
         QCOMPARE(w->Data1->DatabaseName(), kopie);
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
@@ -132,7 +133,7 @@ private slots:
         // Its own name exists: refused.
         Attrappen::dialoge().leeren();
         Attrappen::dialoge().antwortenDatei << kopie;
-        w->mnuSpeichernUnter_Click();
+        w->katalogdatei().mnuSpeichernUnter_Click();
         QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
         QCOMPARE(w->Data1->DatabaseName(), kopie);
     }
@@ -140,20 +141,20 @@ private slots:
     void letzteKatalogeOhneDoppelUndHoechstensZehn()
     {
         for (int i = 0; i < 10; ++i)
-            w->OrdnerMenuPfad(QStringLiteral("/k/%1.db").arg(i));
-        QCOMPARE(w->OrdnerEintrag(0), QString("/k/9.db"));
-        QCOMPARE(w->OrdnerEintrag(9), QString("/k/0.db"));
+            w->katalogdatei().OrdnerMenuPfad(QStringLiteral("/k/%1.db").arg(i));
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(0), QString("/k/9.db"));
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(9), QString("/k/0.db"));
         // A path already there moves to the top without a second entry.
-        w->OrdnerMenuPfad("/k/4.db");
+        w->katalogdatei().OrdnerMenuPfad("/k/4.db");
         QCOMPARE(eintraege(), (QStringList{"/k/4.db", "/k/9.db", "/k/8.db", "/k/7.db", "/k/6.db", "/k/5.db",
                                            "/k/3.db", "/k/2.db", "/k/1.db", "/k/0.db"}));
         // The eleventh drops the oldest.
-        w->OrdnerMenuPfad("/k/neu.db");
-        QCOMPARE(w->OrdnerEintrag(0), QString("/k/neu.db"));
-        QCOMPARE(w->OrdnerEintrag(9), QString("/k/1.db"));
+        w->katalogdatei().OrdnerMenuPfad("/k/neu.db");
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(0), QString("/k/neu.db"));
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(9), QString("/k/1.db"));
         QVERIFY(!eintraege().contains("/k/0.db"));
         for (int i = 0; i < 10; ++i)
-            QCOMPARE(Lesen(QStringLiteral("%1Ordnerpfad").arg(i)), w->OrdnerEintrag(i));
+            QCOMPARE(Lesen(QStringLiteral("%1Ordnerpfad").arg(i)), w->katalogdatei().OrdnerEintrag(i));
         for (QAction* a : w->mnuOrdner)
             QVERIFY(a->isVisible());
     }
@@ -161,30 +162,30 @@ private slots:
     void verschwundenerEintragFragtVorDemEntfernen()
     {
         const QString da = KatalogAnlegen(ordner + "Da.db", Baender({"Abba"}));
-        w->OrdnerMenuPfad(ordner + "Weg.db");
-        w->OrdnerMenuPfad(da);
+        w->katalogdatei().OrdnerMenuPfad(ordner + "Weg.db");
+        w->katalogdatei().OrdnerMenuPfad(da);
         // "Nein" keeps the entry.
         Attrappen::dialoge().antwortenMsg << "Nein";
-        w->mnuOrdner_Click(1);
+        w->katalogdatei().mnuOrdner_Click(1);
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QCOMPARE(m[0].titel, QString("Datenbank nicht gefunden"));
         QVERIFY(m[0].text.endsWith("Soll der Menüeintrag entfernen werden?"));
-        QCOMPARE(w->OrdnerEintrag(1), ordner + "Weg.db");
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(1), ordner + "Weg.db");
         // "Ja" empties and hides it, without closing the gap.
         Attrappen::dialoge().antwortenMsg << "Ja";
-        w->mnuOrdner_Click(1);
-        QVERIFY(w->OrdnerEintrag(1).isEmpty());
+        w->katalogdatei().mnuOrdner_Click(1);
+        QVERIFY(w->katalogdatei().OrdnerEintrag(1).isEmpty());
         QVERIFY(!w->mnuOrdner[1]->isVisible());
         QCOMPARE(Lesen("1Ordnerpfad", "x"), QString());
         // An existing entry opens.
-        w->mnuOrdner_Click(0);
+        w->katalogdatei().mnuOrdner_Click(0);
         QCOMPARE(w->Data1->DatabaseName(), da);
         // A gap closes at the next insert.
-        w->OrdnerEintragSetzen(0, "/k/a.db");
-        w->OrdnerEintragSetzen(1, QString());
-        w->OrdnerEintragSetzen(2, "/k/c.db");
-        w->OrdnerMenuPfad("/k/d.db");
+        w->katalogdatei().OrdnerEintragSetzen(0, "/k/a.db");
+        w->katalogdatei().OrdnerEintragSetzen(1, QString());
+        w->katalogdatei().OrdnerEintragSetzen(2, "/k/c.db");
+        w->katalogdatei().OrdnerMenuPfad("/k/d.db");
         QCOMPARE(eintraege().mid(0, 4), (QStringList{"/k/d.db", "/k/a.db", "/k/c.db", ""}));
     }
 };

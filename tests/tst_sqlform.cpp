@@ -6,6 +6,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "collections/SQLform.h"
 #include "platform/Mauszeiger.h"
 #include "platform/Textdatei.h"
@@ -229,7 +230,7 @@ private slots:
         QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
-        w->MenuAktualisieren_Click();
+        w->katalogdatei().MenuAktualisieren_Click();
         QCOMPARE(w->MSFlexGrid1->Rows(), 5);
     }
 

@@ -5,6 +5,7 @@
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Katalogdatei.h"
 #include "platform/Einheiten.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -180,7 +181,7 @@ private slots:
         QVERIFY(w->mnuOrdner[0]->isVisible());
         QVERIFY(!w->mnuOrdner[1]->isVisible());
         QVERIFY(w->mnuOrdner[2]->isVisible());
-        QCOMPARE(w->OrdnerEintrag(2), QString("/a/Dritte & Vierte.db"));
+        QCOMPARE(w->katalogdatei().OrdnerEintrag(2), QString("/a/Dritte & Vierte.db"));
         QCOMPARE(w->mnuOrdner[2]->text(), QString("/a/Dritte && Vierte.db"));
     }
 

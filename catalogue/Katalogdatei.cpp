@@ -1,5 +1,5 @@
-// The catalogue file operations of the main window: load, new, save as, refresh, and
-// the list of the ten recent catalogues.
+#include "catalogue/Katalogdatei.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datenbank.h"
@@ -53,7 +53,17 @@ void kopieren(const QString& quelle, const QString& ziel)
 
 } // namespace
 
-void Ausgabebox::mnuOeffnen_Click(const QString& vorgegeben)
+void Katalogdatei::verbinden()
+{
+    connect(box.mnuOeffnen, &QAction::triggered, this, [this] { mnuOeffnen_Click(); });
+    connect(box.mnuNeueDatenbank, &QAction::triggered, this, [this] { mnuNeueDatenbank_Click(); });
+    connect(box.mnuSpeichernUnter, &QAction::triggered, this, [this] { mnuSpeichernUnter_Click(); });
+    connect(box.MenuAktualisieren, &QAction::triggered, this, [this] { MenuAktualisieren_Click(); });
+    for (int i = 0; i < 10; ++i)
+        connect(box.mnuOrdner[size_t(i)], &QAction::triggered, this, [this, i] { mnuOrdner_Click(i); });
+}
+
+void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)
 {
     Mauszeiger(ZeigerSanduhr);
     try {
@@ -73,32 +83,32 @@ void Ausgabebox::mnuOeffnen_Click(const QString& vorgegeben)
             Mauszeiger(ZeigerStandard);
             return;
         }
-        staBar->setPanelText(1, QStringLiteral(" Datenbank wird geladen..."));
-        staBar->setPanelText(2, QStringLiteral("no play"));
+        box.staBar->setPanelText(1, QStringLiteral(" Datenbank wird geladen..."));
+        box.staBar->setPanelText(2, QStringLiteral("no play"));
         // Release the old file first.
-        Data1->setDatabaseName(QString());
-        Data1->setRecordSource(QString());
-        Data1->Refresh();
+        box.Data1->setDatabaseName(QString());
+        box.Data1->setRecordSource(QString());
+        box.Data1->Refresh();
         QCoreApplication::processEvents();
-        TabelleEinrichten();
-        Data1->setDatabaseName(pfad);
-        Data1->setRecordSource(GanzeTabelle);
-        Data1->Refresh();
+        box.TabelleEinrichten();
+        box.Data1->setDatabaseName(pfad);
+        box.Data1->setRecordSource(GanzeTabelle);
+        box.Data1->Refresh();
         QCoreApplication::processEvents();
         Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
-        lblTabellenName->setText(QStringLiteral("alle"));
+        box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
-        TabelleEinrichten();
+        box.TabelleEinrichten();
         Speichern(QStringLiteral("ArchivPfad"), pfad);
         OrdnerMenuPfad(pfad);
-        staBar->setPanelText(1, DateinameAusPfad(pfad));
+        box.staBar->setPanelText(1, DateinameAusPfad(pfad));
         DatenbankOrdner = OrdnerAusPfad(pfad);
-        DatenbankCheck(pfad);
-        CoverAktualisieren();
+        box.DatenbankCheck(pfad);
+        box.CoverAktualisieren();
     } catch (const Laufzeitfehler& fehler) {
         // A cancelled dialog leaves everything, panel 1 included, as it was.
         if (fehler.Nummer != Fehlernummer::DialogAbgebrochen) {
-            staBar->setPanelText(1, QStringLiteral(" Fehler beim Laden der Datenbank!"));
+            box.staBar->setPanelText(1, QStringLiteral(" Fehler beim Laden der Datenbank!"));
             Mauszeiger(ZeigerStandard);
             Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuOeffnen_Click"));
         }
@@ -106,23 +116,23 @@ void Ausgabebox::mnuOeffnen_Click(const QString& vorgegeben)
     Mauszeiger(ZeigerStandard);
 }
 
-void Ausgabebox::mnuNeueDatenbank_Click()
+void Katalogdatei::mnuNeueDatenbank_Click()
 {
     DatenbankKopieAnlegen(QStringLiteral(" Neue Datenbank anlegen"), ProgrammOrdner, false,
                           QStringLiteral("Ausgabeboxbox_mnuNeueDatenbank_Click"));
 }
 
-void Ausgabebox::mnuSpeichernUnter_Click()
+void Katalogdatei::mnuSpeichernUnter_Click()
 {
     DatenbankKopieAnlegen(QStringLiteral(" Speichern unter"), DatenbankOrdner, true,
                           QStringLiteral("Ausgabeboxbox_mnuSpeichernUnter_Click"));
 }
 
-void Ausgabebox::DatenbankKopieAnlegen(const QString& titel, const QString& startordner, bool offeneKopieren,
+void Katalogdatei::DatenbankKopieAnlegen(const QString& titel, const QString& startordner, bool offeneKopieren,
                                        const QString& fehlertitel)
 {
-    const QString bisher = Data1->DatabaseName();
-    const QString bisherQuelle = Data1->RecordSource();
+    const QString bisher = box.Data1->DatabaseName();
+    const QString bisherQuelle = box.Data1->RecordSource();
     try {
         Dateiauswahl d;
         d.titel = titel;
@@ -140,73 +150,73 @@ void Ausgabebox::DatenbankKopieAnlegen(const QString& titel, const QString& star
             return;
         }
         // Closing writes what is pending, so that a copy of the open file holds every row.
-        Data1->schliessen();
+        box.Data1->schliessen();
         QCoreApplication::processEvents();
         kopieren(offeneKopieren ? Lesen(QStringLiteral("ArchivPfad"), vorlage()) : vorlage(), pfad);
         QCoreApplication::processEvents();
-        Data1->setDatabaseName(pfad);
-        Data1->setRecordSource(NachBand);
-        Data1->Refresh();
+        box.Data1->setDatabaseName(pfad);
+        box.Data1->setRecordSource(NachBand);
+        box.Data1->Refresh();
         QCoreApplication::processEvents();
         Speichern(QStringLiteral("Data1RecordSource"), NachBand);
         if (offeneKopieren)
-            TabelleEinrichten();
-        staBar->setPanelText(1, DateinameAusPfad(pfad));
+            box.TabelleEinrichten();
+        box.staBar->setPanelText(1, DateinameAusPfad(pfad));
         DatenbankOrdner = OrdnerAusPfad(pfad);
         Speichern(QStringLiteral("ArchivPfad"), pfad);
-        CoverAktualisieren();
+        box.CoverAktualisieren();
     } catch (const Laufzeitfehler& fehler) {
         DatenbankWiederOeffnen(bisher, bisherQuelle);
         Fehlermeldung(fehler, fehlertitel);
     }
 }
 
-void Ausgabebox::DatenbankWiederOeffnen(const QString& pfad, const QString& quelle)
+void Katalogdatei::DatenbankWiederOeffnen(const QString& pfad, const QString& quelle)
 {
     // After a failed copy the catalogue of before comes back, so that work goes on.
-    if (pfad.isEmpty() || Data1->database())
+    if (pfad.isEmpty() || box.Data1->database())
         return;
     try {
-        Data1->setDatabaseName(pfad);
-        Data1->setRecordSource(quelle);
-        Data1->Refresh();
+        box.Data1->setDatabaseName(pfad);
+        box.Data1->setRecordSource(quelle);
+        box.Data1->Refresh();
     } catch (const Laufzeitfehler&) {
     }
 }
 
-void Ausgabebox::MenuAktualisieren_Click()
+void Katalogdatei::MenuAktualisieren_Click()
 {
     try {
-        Data1->setRecordSource(QStringLiteral("Schallplatten"));
-        Data1->setRecordSource(GanzeTabelle);
-        Data1->Refresh();
+        box.Data1->setRecordSource(QStringLiteral("Schallplatten"));
+        box.Data1->setRecordSource(GanzeTabelle);
+        box.Data1->Refresh();
         QCoreApplication::processEvents();
         Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
-        lblTabellenName->setText(QStringLiteral("alle"));
+        box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
-        CoverAktualisieren();
-        TabelleEinrichten();
-        CoverDown();
+        box.CoverAktualisieren();
+        box.TabelleEinrichten();
+        box.CoverDown();
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuAktualisieren_Click"));
     }
 }
 
-QString Ausgabebox::OrdnerEintrag(int index) const
+QString Katalogdatei::OrdnerEintrag(int index) const
 {
-    return mnuOrdner[size_t(index)]->data().toString();
+    return box.mnuOrdner[size_t(index)]->data().toString();
 }
 
-void Ausgabebox::OrdnerEintragSetzen(int index, const QString& pfad)
+void Katalogdatei::OrdnerEintragSetzen(int index, const QString& pfad)
 {
-    QAction* a = mnuOrdner[size_t(index)];
+    QAction* a = box.mnuOrdner[size_t(index)];
     a->setData(pfad);
     // A path may hold "&", which a menu caption would take for an access key.
     a->setText(QString(pfad).replace(u'&', QStringLiteral("&&")));
     a->setVisible(!pfad.isEmpty());
 }
 
-void Ausgabebox::OrdnerMenuPfad(const QString& pfad)
+void Katalogdatei::OrdnerMenuPfad(const QString& pfad)
 {
     for (int i = 0; i < 10; ++i)
         if (OrdnerEintrag(i) == pfad)
@@ -225,7 +235,7 @@ void Ausgabebox::OrdnerMenuPfad(const QString& pfad)
         Speichern(QStringLiteral("%1Ordnerpfad").arg(i), OrdnerEintrag(i));
 }
 
-void Ausgabebox::mnuOrdner_Click(int index)
+void Katalogdatei::mnuOrdner_Click(int index)
 {
     const QString pfad = OrdnerEintrag(index);
     if (DateiVorhanden(pfad)) {
