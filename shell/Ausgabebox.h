@@ -64,13 +64,6 @@ public:
     void TextfensterSetzen(QTextEdit* text, const QString& wert);
     QString TextfensterLesen(QTextEdit* text) const;
 
-    // ---- Record editing (catalogue/Ausgabebox_Bearbeiten.cpp) ----
-    void MenuNeuEingabe_Click();
-    void MenuSpeichern_Click();
-    void MenuEintragLoeschen_Click();
-    // Gives an empty rich text pane the standard font and left margin for new text.
-    void NeuerTextFormatieren(QTextEdit* text);
-
     // ---- Table (catalogue/Ausgabebox_Tabelle.cpp) ----
     // Without trackListeLaden the caller has just loaded the Track list itself.
     void TabelleEinrichten(bool trackListeLaden = true);
@@ -195,6 +188,7 @@ public:
     class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
     class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
     class Katalogdatei& katalogdatei() const { return *m_katalogdatei; }
+    class Datensatzbearbeitung& datensatzbearbeitung() const { return *m_datensatzbearbeitung; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -257,6 +251,7 @@ private:
     class Schlafmodus* m_schlafmodus = nullptr;
     class Zufallswahl* m_zufallswahl = nullptr;
     class Katalogdatei* m_katalogdatei = nullptr;
+    class Datensatzbearbeitung* m_datensatzbearbeitung = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -1,6 +1,7 @@
 // The controls and menus of the main window and their places at design size.
 #include "shell/Ausgabebox.h"
 
+#include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
@@ -800,9 +801,6 @@ void Ausgabebox::EreignisseVerbinden()
 {
     connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
     connect(mnuDatenbank, &QAction::triggered, this, [this] { mnuDatenbank_Click(); });
-    connect(MenuNeuEingabe, &QAction::triggered, this, [this] { MenuNeuEingabe_Click(); });
-    connect(MenuSpeichern, &QAction::triggered, this, [this] { MenuSpeichern_Click(); });
-    connect(MenuEintragLoeschen, &QAction::triggered, this, [this] { MenuEintragLoeschen_Click(); });
     for (int i = 0; i < 15; ++i)
         connect(mnuSpalte[size_t(i)], &QAction::triggered, this, [this, i] {
             for (QAction* a : mnuSpalte)
@@ -812,8 +810,8 @@ void Ausgabebox::EreignisseVerbinden()
 
     // Tool buttons whose commands stand; the others wait for their commands.
     const std::map<int, std::function<void()>> werkzeuge = {
-        {0, [this] { MenuNeuEingabe_Click(); }},
-        {1, [this] { MenuSpeichern_Click(); }},
+        {0, [this] { datensatzbearbeitung().MenuNeuEingabe_Click(); }},
+        {1, [this] { datensatzbearbeitung().MenuSpeichern_Click(); }},
         {2, [this] { katalogdatei().MenuAktualisieren_Click(); }},
         {4, [this] { MenuSQLabfrage_Click(); }},
         {9, [this] { MenuBeenden(); }},

@@ -1,6 +1,7 @@
 // The road from the start of the process to a usable main window and back.
 #include "shell/Ausgabebox.h"
 
+#include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
@@ -101,6 +102,8 @@ void Ausgabebox::TeileAnlegen()
     m_zufallswahl->verbinden();
     m_katalogdatei = new Katalogdatei(*this);
     m_katalogdatei->verbinden();
+    m_datensatzbearbeitung = new Datensatzbearbeitung(*this);
+    m_datensatzbearbeitung->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

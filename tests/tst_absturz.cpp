@@ -6,6 +6,7 @@
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
+#include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/FlexGrid.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -44,13 +45,13 @@ int kindLaufen(const QString& art, const QString& katalog)
             const QString marke = QStringLiteral("Stand %1").arg(runde);
             w.TextInfo->setText(marke);
             w.TextMedium->setText(marke);
-            w.MenuSpeichern_Click();
+            w.datensatzbearbeitung().MenuSpeichern_Click();
         } else {
             if (g->Rows() <= 8)
                 QThread::sleep(10);
             g->setRow(2);
             g->setRowSel(6);
-            w.MenuEintragLoeschen_Click();
+            w.datensatzbearbeitung().MenuEintragLoeschen_Click();
         }
         // The command has returned: what it wrote is in the file.
         std::printf("fertig\n");

@@ -3,6 +3,7 @@
 #include "support/Testumgebung.h"
 
 #include "catalogue/Datenbank.h"
+#include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
@@ -55,12 +56,12 @@ private slots:
     void leererTontraegerBekommtBlanksUndWirdGefunden()
     {
         starten(Baender({"Abba", "Bach"}));
-        w->MenuNeuEingabe_Click();
+        w->datensatzbearbeitung().MenuNeuEingabe_Click();
         QVERIFY(rs()->EditPending());
         // Not in the table before it is saved.
         QCOMPARE(w->MSFlexGrid1->Rows(), 3);
         w->txtEbook->setText("/e/Heft.pdf°");
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
         for (const char* spalte : {"Band", "LPTitel", "Musikpfad"})
             QCOMPARE(KatalogSpalte(katalog, spalte).last(), QString(" "));
@@ -75,22 +76,22 @@ private slots:
     void bandOhneBlanksUndDerSelbeTontraegerWieder()
     {
         starten(Baender({"Abba", "Bach", "Cream"}));
-        w->MenuNeuEingabe_Click();
+        w->datensatzbearbeitung().MenuNeuEingabe_Click();
         w->TextBand->setText("  Deep Purple  ");
         w->TextLPTitel->setText(" Machine Head");
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         QCOMPARE(w->TextLPTitel->text(), QString("Machine Head"));
         QCOMPARE(w->MSFlexGrid1->Row(), 4);
         QCOMPARE(KatalogSpalte(katalog, "Band").last(), QString("Deep Purple"));
         // A save of a changed record finds it again after the table was re-read.
         w->MSFlexGrid1->setRow(2);
         w->TextInfo->setText("Erstpressung");
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         QCOMPARE(w->MSFlexGrid1->Row(), 2);
         QCOMPARE(w->TextBand->text(), QString("Bach"));
         QCOMPARE(KatalogSpalte(katalog, "Info")[1], QString("Erstpressung"));
         // A new entry is stored when the user moves on in the table.
-        w->MenuNeuEingabe_Click();
+        w->datensatzbearbeitung().MenuNeuEingabe_Click();
         w->TextBand->setText("Zappa");
         w->MSFlexGrid1->setRow(1);
         QCOMPARE(KatalogSpalte(katalog, "Band").last(), QString("Zappa"));
@@ -106,14 +107,14 @@ private slots:
         // "Nein" and no answer delete nothing.
         markieren(2, 6);
         Attrappen::dialoge().antwortenMsg << "Nein";
-        w->MenuEintragLoeschen_Click();
-        w->MenuEintragLoeschen_Click();
+        w->datensatzbearbeitung().MenuEintragLoeschen_Click();
+        w->datensatzbearbeitung().MenuEintragLoeschen_Click();
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 8);
         markieren(2, 6);
         Attrappen::dialoge().antwortenMsg << "Ja";
         w->cboBildpfad->setEditable(true);
         w->cboBildpfad->setEditText(cover);
-        w->MenuEintragLoeschen_Click();
+        w->datensatzbearbeitung().MenuEintragLoeschen_Click();
         QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"A", "G", "H"}));
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
         QCOMPARE(Attrappen::papierkorb().verschoben, QStringList{cover});
@@ -131,7 +132,7 @@ private slots:
         };
         auto loeschen = [this] {
             Attrappen::dialoge().antwortenMsg << "Ja";
-            w->MenuEintragLoeschen_Click();
+            w->datensatzbearbeitung().MenuEintragLoeschen_Click();
             return KatalogSpalte(katalog, "Band").join(u"");
         };
         klick(9, Qt::NoModifier);
@@ -161,7 +162,7 @@ private slots:
         w->MSFlexGrid1->setRow(2);
         w->MSFlexGrid1->setRow(1);
         w->MSFlexGrid1->setRow(2);
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         QCOMPARE(KatalogSpalte(katalog, "Info").first(), lang);
         w->MSFlexGrid1->setRow(1);
         w->tabTexte->setCurrentIndex(2);
@@ -177,10 +178,10 @@ private slots:
         starten(Baender({"Abba", "Bach"}));
         w->Data1->setRecordSource("select Band, LPTitel from Schallplatten");
         w->Data1->Refresh();
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
         w->TextBand->setText("Getippt");
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QVERIFY2(m[0].text.contains("Die Datensatzquelle kann nicht geändert werden"), qPrintable(m[0].text));
@@ -201,7 +202,7 @@ private slots:
             QCOMPARE(w->MSFlexGrid1->Rows(), 4 - buchstabe);
             markieren(1, 1);
             Attrappen::dialoge().antwortenMsg << "Ja";
-            w->MenuEintragLoeschen_Click();
+            w->datensatzbearbeitung().MenuEintragLoeschen_Click();
             QCOMPARE(w->lblTabellenName->text(), QString("alle"));
         }
         QCOMPARE(Attrappen::dialoge().meldungen().at(1).text, QString("Der letzte Datensatz darf nicht gelöscht werden."));
@@ -215,7 +216,7 @@ private slots:
         sqlite3* db = w->Data1->database()->handle();
         sqlite3_exec(db, "PRAGMA query_only = 1", nullptr, nullptr, nullptr);
         w->TextBand->setText("Getippt");
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QVERIFY2(m[0].text.contains("schreibgeschützt"), qPrintable(m[0].text));
@@ -228,7 +229,7 @@ private slots:
         Attrappen::dialoge().antwortenMsg << "" << "Nein";
         QVERIFY(!w->close());
         sqlite3_exec(db, "PRAGMA query_only = 0", nullptr, nullptr, nullptr);
-        w->MenuSpeichern_Click();
+        w->datensatzbearbeitung().MenuSpeichern_Click();
         QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"Getippt", "Bach"}));
     }
 };

@@ -1,4 +1,5 @@
-// New entry, save and delete of Carriers through the record view.
+#include "catalogue/Datensatzbearbeitung.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -14,6 +15,7 @@
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFile>
@@ -38,19 +40,26 @@ QString blankFrei(const QString& text)
 
 } // namespace
 
-void Ausgabebox::NeuerTextFormatieren(QTextEdit* text)
+void Datensatzbearbeitung::verbinden()
+{
+    connect(box.MenuNeuEingabe, &QAction::triggered, this, [this] { MenuNeuEingabe_Click(); });
+    connect(box.MenuSpeichern, &QAction::triggered, this, [this] { MenuSpeichern_Click(); });
+    connect(box.MenuEintragLoeschen, &QAction::triggered, this, [this] { MenuEintragLoeschen_Click(); });
+}
+
+void Datensatzbearbeitung::NeuerTextFormatieren(QTextEdit* text)
 {
     QFont schrift = text->font();
-    schrift.setFamily(StandardFontName);
+    schrift.setFamily(box.StandardFontName);
     text->setFont(schrift);
     QTextCharFormat format;
-    format.setFontFamilies({StandardFontName});
-    format.setFontPointSize(StandardFontsize);
-    format.setFontWeight(StandardFontBold ? QFont::Bold : QFont::Normal);
-    format.setFontItalic(StandardFontItalic);
-    format.setFontStrikeOut(StandardFontStrikethru);
-    format.setFontUnderline(StandardFontUnderline);
-    format.setForeground(NummerFarbe(StandardColor));
+    format.setFontFamilies({box.StandardFontName});
+    format.setFontPointSize(box.StandardFontsize);
+    format.setFontWeight(box.StandardFontBold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(box.StandardFontItalic);
+    format.setFontStrikeOut(box.StandardFontStrikethru);
+    format.setFontUnderline(box.StandardFontUnderline);
+    format.setForeground(NummerFarbe(box.StandardColor));
     text->setCurrentCharFormat(format);
     bool ok = false;
     const double rand = Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50")).toDouble(&ok);
@@ -59,56 +68,56 @@ void Ausgabebox::NeuerTextFormatieren(QTextEdit* text)
     text->textCursor().mergeBlockFormat(einzug);
 }
 
-void Ausgabebox::MenuNeuEingabe_Click()
+void Datensatzbearbeitung::MenuNeuEingabe_Click()
 {
     try {
         MenuSpeichern_Click();
         QCoreApplication::processEvents();
-        Recordset* rs = Data1->recordset();
+        Recordset* rs = box.Data1->recordset();
         if (!rs)
             throw Laufzeitfehler(91);
-        Data1->letzterDatensatz();
+        box.Data1->letzterDatensatz();
         rs->AddNew();
-        GebundeneFelderLaden();
-        CDSterneZeichnen();
-        for (QTextEdit* t : {TextSongs, rtfInfo, rtfSonstiges})
+        box.GebundeneFelderLaden();
+        box.CDSterneZeichnen();
+        for (QTextEdit* t : {box.TextSongs, box.rtfInfo, box.rtfSonstiges})
             NeuerTextFormatieren(t);
-        TextBand->setFocus();
+        box.TextBand->setFocus();
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuNeuEingabe_Click"));
     }
 }
 
-void Ausgabebox::MenuSpeichern_Click()
+void Datensatzbearbeitung::MenuSpeichern_Click()
 {
     // A record source that cannot be changed: say so, and leave what was typed on screen.
     // Without an edit there is nothing to normalise, since nothing can be stored.
-    const Recordset* quelle = Data1->recordset();
+    const Recordset* quelle = box.Data1->recordset();
     const bool aenderbar = !quelle || quelle->Updatable();
-    if (!aenderbar && FelderGeaendert()) {
+    if (!aenderbar && box.FelderGeaendert()) {
         Fehlermeldung(Recordset::NichtAenderbar(), QStringLiteral("Ausgabebox_MenuSpeichern_Click"));
         return;
     }
     // Errors are ignored here: each step that can run, runs.
     Mauszeiger(ZeigerSanduhr);
     if (aenderbar) {
-        TextBand->setText(blankFrei(TextBand->text()));
-        TextLPTitel->setText(blankFrei(TextLPTitel->text()));
+        box.TextBand->setText(blankFrei(box.TextBand->text()));
+        box.TextLPTitel->setText(blankFrei(box.TextLPTitel->text()));
         // An empty field is stored as one blank; eBook and rating may stay truly empty.
-        for (Textfeld* feld : {TextBand, TextKaufdatum, TextLPTitel, TextPreis, TextMedium, TextPlattenfirma,
-                               TextBestellNr, TextInfo, TextMusikpfad, TextStil, txtBildpfad})
+        for (Textfeld* feld : {box.TextBand, box.TextKaufdatum, box.TextLPTitel, box.TextPreis, box.TextMedium, box.TextPlattenfirma,
+                               box.TextBestellNr, box.TextInfo, box.TextMusikpfad, box.TextStil, box.txtBildpfad})
             if (feld->text().isEmpty())
                 feld->setText(QStringLiteral(" "));
-        for (QTextEdit* text : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
+        for (QTextEdit* text : {box.TextSongs, box.txtSongText, box.rtfLinks, box.rtfInfo, box.rtfSonstiges})
             if (text->toPlainText().isEmpty())
                 text->setPlainText(QStringLiteral(" "));
     }
-    const int spalteBand = SpalteSuchen(QStringLiteral("Band"));
-    const int spalteTitel = SpalteSuchen(QStringLiteral("LPTitel"));
-    const QString band = TextBand->text();
-    const QString titel = TextLPTitel->text();
+    const int spalteBand = box.SpalteSuchen(QStringLiteral("Band"));
+    const int spalteTitel = box.SpalteSuchen(QStringLiteral("LPTitel"));
+    const QString band = box.TextBand->text();
+    const QString titel = box.TextLPTitel->text();
     try {
-        Data1->Refresh();
+        box.Data1->Refresh();
     } catch (const Laufzeitfehler& fehler) {
         // What was typed stays on screen and in the edit buffer; say why it is not stored.
         Mauszeiger(ZeigerStandard);
@@ -116,12 +125,12 @@ void Ausgabebox::MenuSpeichern_Click()
         return;
     }
     if (!band.isEmpty() && spalteBand >= 0 && spalteTitel >= 0) {
-        FlexGrid* g = MSFlexGrid1;
+        FlexGrid* g = box.MSFlexGrid1;
         g->setRedraw(false);
         for (int zeile = 1; zeile < g->Rows(); ++zeile) {
             if (g->TextMatrix(zeile, spalteBand) != band || g->TextMatrix(zeile, spalteTitel) != titel)
                 continue;
-            Data1->setAbsolutePosition(zeile - 1);
+            box.Data1->setAbsolutePosition(zeile - 1);
             g->setRow(zeile);
             if (zeile < g->Rows() - 1)
                 g->setTopRow(zeile);
@@ -130,26 +139,26 @@ void Ausgabebox::MenuSpeichern_Click()
         }
         g->setRedraw(true);
     }
-    CoverAktualisieren();
+    box.CoverAktualisieren();
     Mauszeiger(ZeigerStandard);
 }
 
-void Ausgabebox::MenuEintragLoeschen_Click()
+void Datensatzbearbeitung::MenuEintragLoeschen_Click()
 {
     if (MsgNimb(QStringLiteral("Alle markierten Tonträger aus der Datenbank löschen?"), 22, 2,
                 QStringLiteral("Tonträger löschen"), 0)
         != u"Ja")
         return;
-    FlexGrid* g = MSFlexGrid1;
+    FlexGrid* g = box.MSFlexGrid1;
     try {
-        MSFlexGrid1_RowColChange();
+        box.MSFlexGrid1_RowColChange();
         g->setRedraw(false);
         // Exactly the marked rows, whichever way they were marked. The bottom one goes
         // first, so that the rows still to come keep their numbers.
         const std::vector<int> zeilen = g->MarkierteZeilen();
         const int anzahl = int(zeilen.size());
         for (int n = 1; n <= anzahl; ++n) {
-            Bez[13]->setText(QString::number(n));
+            box.Bez[13]->setText(QString::number(n));
             QCoreApplication::processEvents();
             const int zeile = zeilen[size_t(anzahl - n)];
             if (zeile >= g->Rows())
@@ -158,8 +167,8 @@ void Ausgabebox::MenuEintragLoeschen_Click()
             if (g->Row() != zeile)
                 g->setRow(zeile);
             else
-                MSFlexGrid1_RowColChange();
-            Recordset* rs = Data1->recordset();
+                box.MSFlexGrid1_RowColChange();
+            Recordset* rs = box.Data1->recordset();
             if (!rs)
                 throw Laufzeitfehler(91);
             if (rs->RecordCount() <= 1) {
@@ -170,19 +179,19 @@ void Ausgabebox::MenuEintragLoeschen_Click()
             // The record must be the one of the row: a refused move leaves another one current.
             if (rs->AbsolutePosition() != zeile - 1)
                 break;
-            const QString cover = cboBildpfad->currentText();
+            const QString cover = box.cboBildpfad->currentText();
             if (!cover.isEmpty() && !cover.endsWith(u'/') && !cover.endsWith(u'\\') && QFile::exists(cover))
                 D().papierkorb().verschieben(cover);
             rs->Delete();
         }
     } catch (const Laufzeitfehler& fehler) {
         g->setRedraw(true);
-        Bez[13]->clear();
+        box.Bez[13]->clear();
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuEintragLoeschen_Click"));
         return;
     }
     g->setRedraw(true);
-    Bez[13]->clear();
-    katalogdatei().MenuAktualisieren_Click();
+    box.Bez[13]->clear();
+    box.katalogdatei().MenuAktualisieren_Click();
     Mauszeiger(ZeigerStandard);
 }
