@@ -54,9 +54,11 @@ bool Ausgabebox::FelderGeaendert() const
         return false;
     if (!m_geaenderteTexte.isEmpty())
         return true;
-    for (size_t i = 0; i < m_bindungen.size(); ++i)
-        if (auto* feld = qobject_cast<Textfeld*>(m_bindungen[i].steuerelement); feld && feld->text() != m_geladeneWerte[i])
+    for (size_t i = 0; i < m_bindungen.size(); ++i) {
+        const auto* feld = qobject_cast<Textfeld*>(m_bindungen[i].steuerelement);
+        if (feld && feld->text() != m_geladeneWerte[i])
             return true;
+    }
     return false;
 }
 

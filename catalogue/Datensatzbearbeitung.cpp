@@ -104,8 +104,9 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
         box.TextBand->setText(blankFrei(box.TextBand->text()));
         box.TextLPTitel->setText(blankFrei(box.TextLPTitel->text()));
         // An empty field is stored as one blank; eBook and rating may stay truly empty.
-        for (Textfeld* feld : {box.TextBand, box.TextKaufdatum, box.TextLPTitel, box.TextPreis, box.TextMedium, box.TextPlattenfirma,
-                               box.TextBestellNr, box.TextInfo, box.TextMusikpfad, box.TextStil, box.txtBildpfad})
+        for (Textfeld* feld : {box.TextBand, box.TextKaufdatum, box.TextLPTitel, box.TextPreis, box.TextMedium,
+                               box.TextPlattenfirma, box.TextBestellNr, box.TextInfo, box.TextMusikpfad,
+                               box.TextStil, box.txtBildpfad})
             if (feld->text().isEmpty())
                 feld->setText(QStringLiteral(" "));
         for (QTextEdit* text : {box.TextSongs, box.txtSongText, box.rtfLinks, box.rtfInfo, box.rtfSonstiges})

@@ -396,6 +396,8 @@ void Leser::lesen()
         m_cursor.endEditBlock();
     } else if (m_absaetze > 0 && m_absatzLeer) {
         m_text.chop(1);
+    } else if (!m_absatzLeer && imLaufZaehlen(listenArt(g().a), g().a)) {
+        m_text.insert(m_absatzAnfang, markeAlsText());
     }
 }
 

@@ -428,6 +428,8 @@ void TestRtf::listen()
     QCOMPARE(d.findBlockByNumber(2000).textList(), nullptr);
     QCOMPARE(d.findBlockByNumber(2000).text(), u"2001.\tNr 2001"_s);
     QCOMPARE(RtfText(nummern), d.toPlainText());
+    nummern.chop(u"\\par\\pard Ende}"_s.size());
+    QCOMPARE(RtfText(nummern + u'}'), Lesen(d, nummern + u'}'));
     // Numbered items say where they start, or other word processors count from 0.
     QVERIFY(RtfSchreiben(&d).contains(u"\\pndec\\pnstart1"_s));
 }
