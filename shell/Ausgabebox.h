@@ -85,9 +85,6 @@ public:
     // The column arrangement window, then layout and widths (catalogue/Ausgabebox_Spalten.cpp).
     void mnuTabelleAnordnen_Click();
 
-    // ---- SQL console (collections/Ausgabebox_SQL.cpp) ----
-    void MenuSQLabfrage_Click();
-
     // ---- Player (playback/Ausgabebox_Transport.cpp, playback/Ausgabebox_Tracks.cpp) ----
     static const QString Alias; // the one device of sound path one
     void imgStart_Click();
@@ -189,6 +186,7 @@ public:
     class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
     class Katalogdatei& katalogdatei() const { return *m_katalogdatei; }
     class Datensatzbearbeitung& datensatzbearbeitung() const { return *m_datensatzbearbeitung; }
+    class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -252,6 +250,7 @@ private:
     class Zufallswahl* m_zufallswahl = nullptr;
     class Katalogdatei* m_katalogdatei = nullptr;
     class Datensatzbearbeitung* m_datensatzbearbeitung = nullptr;
+    class SqlKonsole* m_sqlKonsole = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

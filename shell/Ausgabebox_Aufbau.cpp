@@ -5,6 +5,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
+#include "collections/SqlKonsole.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
@@ -813,7 +814,7 @@ void Ausgabebox::EreignisseVerbinden()
         {0, [this] { datensatzbearbeitung().MenuNeuEingabe_Click(); }},
         {1, [this] { datensatzbearbeitung().MenuSpeichern_Click(); }},
         {2, [this] { katalogdatei().MenuAktualisieren_Click(); }},
-        {4, [this] { MenuSQLabfrage_Click(); }},
+        {4, [this] { sqlKonsole().MenuSQLabfrage_Click(); }},
         {9, [this] { MenuBeenden(); }},
         {10, [this] { katalogdatei().mnuOeffnen_Click(); }},
         {16, [this] { mnuTabelleAutosize_Click(); }},
@@ -843,7 +844,6 @@ void Ausgabebox::EreignisseVerbinden()
     connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
     connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
     connect(mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
-    connect(MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
     connect(mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
     connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
     connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });

@@ -6,6 +6,7 @@
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
+#include "collections/SqlKonsole.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -104,6 +105,8 @@ void Ausgabebox::TeileAnlegen()
     m_katalogdatei->verbinden();
     m_datensatzbearbeitung = new Datensatzbearbeitung(*this);
     m_datensatzbearbeitung->verbinden();
+    m_sqlKonsole = new SqlKonsole(*this);
+    m_sqlKonsole->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

@@ -8,6 +8,7 @@
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
 #include "collections/SQLform.h"
+#include "collections/SqlKonsole.h"
 #include "platform/Mauszeiger.h"
 #include "platform/Textdatei.h"
 #include "shell/Ausgabebox.h"
@@ -219,14 +220,14 @@ private slots:
                 else
                     Klicken(d, "CommandExit");
             });
-            w->MenuSQLabfrage_Click();
+            w->sqlKonsole().MenuSQLabfrage_Click();
             QVERIFY(ModalBedient());
         }
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
 
         // A delete offered as record source is refused: nothing deleted, the cursor back.
         ModalBedienen(ausfuehren("delete from Schallplatten", 0));
-        w->MenuSQLabfrage_Click();
+        w->sqlKonsole().MenuSQLabfrage_Click();
         QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
@@ -238,7 +239,7 @@ private slots:
     {
         starten();
         ModalBedienen(ausfuehren("update Schallplatten set Stil = 'Jazz' where Stil like 'P*'", 1));
-        w->MenuSQLabfrage_Click();
+        w->sqlKonsole().MenuSQLabfrage_Click();
         QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{"2 Datensätze bearbeitet!"});
         QCOMPARE(spalte("Stil"), (QStringList{"Jazz", "Jazz", "Klassik", "Blues"}));
         QCOMPARE(KatalogSpalte(katalog, "Stil"), (QStringList{"Jazz", "Klassik", "Jazz", "Blues"}));
@@ -247,14 +248,14 @@ private slots:
         Attrappen::dialoge().leeren();
         const QString quelle = w->Data1->RecordSource();
         ModalBedienen(ausfuehren("select * from Schallplatten", 1));
-        w->MenuSQLabfrage_Click();
+        w->sqlKonsole().MenuSQLabfrage_Click();
         QVERIFY(Attrappen::dialoge().meldungsTexte().value(0).startsWith("3065 "));
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
         QCOMPARE(w->Data1->RecordSource(), quelle);
         QCOMPARE(w->MSFlexGrid1->Rows(), 5);
         // The program goes on.
         ModalBedienen(ausfuehren("delete from Schallplatten where Band = 'Bach'", 1));
-        w->MenuSQLabfrage_Click();
+        w->sqlKonsole().MenuSQLabfrage_Click();
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("1 Datensätze bearbeitet!"));
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Ärzte", "Cream"}));
     }

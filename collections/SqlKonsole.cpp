@@ -1,4 +1,5 @@
-// The SQL console, opened from the table menu and the tool bar.
+#include "collections/SqlKonsole.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datenbank.h"
@@ -9,14 +10,20 @@
 #include "platform/Mauszeiger.h"
 #include "shell/Globale.h"
 
+#include <QAction>
 #include <QRadioButton>
 
-void Ausgabebox::MenuSQLabfrage_Click()
+void SqlKonsole::verbinden()
+{
+    connect(box.MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
+}
+
+void SqlKonsole::MenuSQLabfrage_Click()
 {
     try {
         bool alsQuelle = true;
         {
-            SQLform fenster(this);
+            SQLform fenster(&box);
             fenster.Form_Load();
             fenster.Anzeigen();
             alsQuelle = fenster.optSql[0]->isChecked();
@@ -26,19 +33,19 @@ void Ausgabebox::MenuSQLabfrage_Click()
         Mauszeiger(ZeigerSanduhr);
         if (alsQuelle) {
             // Not saved as Data1RecordSource: the next start shows the table of before.
-            Data1->setRecordSource(SqlAnweisung);
+            box.Data1->setRecordSource(SqlAnweisung);
         } else {
-            Datenbank* db = Data1->database();
+            Datenbank* db = box.Data1->database();
             if (!db)
                 throw Laufzeitfehler(91);
             const int anzahl = db->Execute(SqlAnweisung);
-            Data1->Refresh();
+            box.Data1->Refresh();
             Mauszeiger(ZeigerStandard);
             MsgNimb(QString::number(anzahl) + QStringLiteral(" Datensätze bearbeitet!"), 1, 0,
                     QStringLiteral("SQL-Befehl ausgeführt"), 0);
             Mauszeiger(ZeigerSanduhr);
         }
-        Data1->Refresh();
+        box.Data1->Refresh();
         Mauszeiger(ZeigerStandard);
     } catch (const Laufzeitfehler& fehler) {
         Mauszeiger(ZeigerStandard);
