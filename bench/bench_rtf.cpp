@@ -66,24 +66,37 @@ int main(int argc, char** argv)
     std::printf("RtfSchreiben  Median %8.1f us\n", schreiben);
 
     // Long lists, as a pasted catalogue of a whole collection makes them: read once each.
-    auto liste = [&](QTextListFormat::Style stil, int punkte) {
+    // Lists of the given items, each run of `lauf` items closed by a plain paragraph.
+    auto liste = [&](QTextListFormat::Style stil, int punkte, int lauf) {
         QTextDocument d;
         d.setDefaultFont(standard);
         QTextCursor k(&d);
         QTextListFormat lf;
         lf.setStyle(stil);
-        k.insertText(QStringLiteral("Punkt 1 mit etwas Text, wie eine Liste ihn hat"));
-        k.createList(lf);
-        for (int i = 2; i <= punkte; ++i) {
-            k.insertBlock();
-            k.insertText(QStringLiteral("Punkt %1 mit etwas Text, wie eine Liste ihn hat").arg(i));
+        k.insertText(QStringLiteral("Kopf"));
+        for (int i = 0; i < punkte; ++i) {
+            const QString text = QStringLiteral("Punkt %1 mit etwas Text, wie eine Liste ihn hat").arg(i + 1);
+            if (i % lauf != 0) {
+                k.insertBlock(); // the next item of the same list
+                k.insertText(text);
+                continue;
+            }
+            k.insertBlock(QTextBlockFormat());
+            if (i > 0) {
+                k.insertText(QStringLiteral("Zwischentext"));
+                k.insertBlock(QTextBlockFormat());
+            }
+            k.insertText(text);
+            k.createList(lf);
         }
         return RtfSchreiben(&d);
     };
     const QList<QPair<const char*, QString>> listen = {
-        {"10,000 Punkte", liste(QTextListFormat::ListDisc, 10000)},
-        {"1 MB Punkte", liste(QTextListFormat::ListDisc, 9000)},
-        {"1 MB Nummern", liste(QTextListFormat::ListDecimal, 8000)}};
+        {"10,000 Punkte", liste(QTextListFormat::ListDisc, 10000, 10000)},
+        {"1 MB Punkte", liste(QTextListFormat::ListDisc, 9000, 9000)},
+        {"1 MB Nummern", liste(QTextListFormat::ListDecimal, 8000, 8000)},
+        {"1 MB je 2000", liste(QTextListFormat::ListDecimal, 8000, 2000)},
+        {"1 MB je 128", liste(QTextListFormat::ListDecimal, 8000, 128)}};
     for (const auto& [name, quelle] : listen) {
         const double ms = MedianMikro(3, [&] { RtfLesen(quelle, &dokument, standard); }) / 1000.0;
         std::printf("RtfLesen %-14s %7.2f MB RTF: %8.1f ms\n", name, quelle.size() / 1e6, ms);

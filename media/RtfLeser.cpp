@@ -314,7 +314,7 @@ private:
 // made of lists of this many items, which look as one; a numbered list keeps its items up
 // to the larger number as a list and shows the items beyond with their number as text.
 constexpr int PunkteJeListe = 64;
-constexpr int NummernAlsListe = 2000;
+constexpr int NummernAlsListe = 128;
 
 int Leser::listenArt(const Absatzzustand& a) const
 {
