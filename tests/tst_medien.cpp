@@ -165,6 +165,7 @@ private slots:
             QSKIP("ffmpeg is missing");
         const QStringList ton = {"-f", "lavfi", "-i", "sine=frequency=440:duration=1"};
         const QStringList bild = {"-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=1"};
+        const QStringList h264 = {"-c:v", "libx264", "-pix_fmt", "yuv420p"};
         const QList<QPair<QString, QStringList>> formate = {
             {"Ton.wav", ton},
             {"Ton.mp3", ton},
@@ -172,10 +173,14 @@ private slots:
             {"Ton.opus", ton},
             {"Ton.flac", ton},
             {"Ton.m4a", ton + QStringList{"-c:a", "aac"}},
+            {"Ton.aac", ton + QStringList{"-c:a", "aac"}},
             {"Ton.wma", ton + QStringList{"-c:a", "wmav2"}},
             {"Film.wmv", bild + ton + QStringList{"-c:v", "wmv2", "-c:a", "wmav2"}},
             {"Film.mkv", bild + ton + QStringList{"-c:v", "mpeg4", "-c:a", "libvorbis"}},
-            {"Film.m2ts", bild + ton + QStringList{"-c:v", "mpeg2video", "-c:a", "mp2"}}};
+            {"Film.mp4", bild + ton + h264 + QStringList{"-c:a", "aac"}},
+            {"Film.m2ts", bild + ton + QStringList{"-c:v", "mpeg2video", "-c:a", "mp2"}},
+            // As cameras write it: H.264 and AC-3 in packets of 192 bytes.
+            {"Kamera.m2ts", bild + ton + h264 + QStringList{"-c:a", "ac3"}}};
         for (const auto& [name, argumente] : formate) {
             const QString pfad = m_ordner + "Formate/" + name;
             QDir().mkpath(m_ordner + "Formate");
