@@ -98,6 +98,9 @@ void Ausgabebox::imgSongNote_Click(int index)
     if (!eintrag.contains(u'.') || !IstMedienname(eintrag))
         return;
     const QString ordner = TextMusikpfad->text().trimmed();
+    // A relative path would name a file below wherever the program was started.
+    if (!QDir::isAbsolutePath(ordner))
+        return;
     const QString neu = TrackMitBewertung(eintrag.trimmed(), index + 1);
     // A file in use or a name taken fails in silence, with the old name and stars.
     QDir().rename(ordner + eintrag.trimmed(), ordner + neu);

@@ -5,6 +5,7 @@
 #include "support/Testumgebung.h"
 
 #include "catalogue/Datensteuerung.h"
+#include "collections/frmStilausschlussliste.h"
 #include "catalogue/FlexGrid.h"
 #include "platform/Textdatei.h"
 #include "playback/modPlatten.h"
@@ -12,6 +13,7 @@
 #include "shell/Einstellungen.h"
 
 #include <QDir>
+#include <QListWidget>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -139,6 +141,14 @@ private slots:
         QCOMPARE(w.MSFlexGrid1->Rows(), 1 + KatalogSpalte(programm + "Demo/Demo.db", "Band").size());
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
         QCOMPARE(TextdateiLesen(programm + "Stilrichtung.ini"), TextdateiLesen(programm + "Demo/Stilrichtung.ini"));
+        // The style window offers the demo's styles.
+        frmStilausschlussliste stile(&w);
+        stile.Form_Load();
+        QStringList angeboten;
+        for (int i = 0; i < stile.lstStilrichtung->count(); ++i)
+            angeboten << stile.lstStilrichtung->item(i)->text();
+        QCOMPARE(angeboten, TextdateiLesen(programm + "Demo/Stilrichtung.ini"));
+        QVERIFY(angeboten.contains("Blasmusik"));
     }
 };
 

@@ -36,6 +36,16 @@ bool Ton(const QString& pfad, double sekunden)
                                   : Werkzeug("sox", {"-n", "-r", "22050", pfad, "synth", s, "sine", "440"});
 }
 
+// The length a decoder finds: the samples ffmpeg decodes from the first sound stream.
+double DekodierteLaenge(const QString& pfad)
+{
+    QProcess p;
+    p.start("ffmpeg", {"-v", "quiet", "-i", pfad, "-map", "0:a:0", "-ac", "1", "-ar", "8000", "-f", "s16le", "-"});
+    if (!p.waitForFinished(60000) || p.exitCode() != 0)
+        return -1.0;
+    return p.readAllStandardOutput().size() / 16000.0;
+}
+
 // Plays a file to its end with the bare engine, in a process of its own: where no backend
 // or no sound output exists, Qt and GStreamer may abort, and only this process goes.
 int EngineProbe(const char* pfad)
@@ -96,6 +106,50 @@ private slots:
         QVERIFY2(qAbs(vbrLaenge - 20.0) < 0.2, qPrintable(QString::number(vbrLaenge)));
         // The measurement goes through the service, so the transport can be given lengths.
         QCOMPARE(Attrappen::medien().gemessen.at(Attrappen::medien().gemessen.size() - 2), umlaute);
+
+        // MP3s as they come, each against its decoded length: with and without the length
+        // header, with a cover in a large ID3 tag and a short tag at the end, MPEG-2 at
+        // 22 kHz, junk and a change of the sample rate between the frames, and a file cut
+        // off in the middle of a frame.
+        const QString quelle = m_ordner + "Quelle.wav", cover = m_ordner + "Cover.jpg";
+        QVERIFY(Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "anoisesrc=d=8:a=0.5", "-f", "lavfi", "-i",
+                                    "anullsrc=d=8:r=44100:cl=mono", "-f", "lavfi", "-i", "sine=duration=8",
+                                    "-filter_complex", "[0][1][2]concat=n=3:v=0:a=1", "-ar", "44100", quelle}));
+        QVERIFY(Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "testsrc2=size=400x400", "-frames:v", "1",
+                                    "-q:v", "1", cover}));
+        QVERIFY(QFileInfo(cover).size() > 16 * 1024);
+        const QStringList ohneXing = {"-c:a", "libmp3lame", "-write_xing", "0"};
+        const QList<QPair<QString, QStringList>> mp3s = {
+            {"Xing.mp3", {"-i", quelle, "-c:a", "libmp3lame", "-q:a", "2"}},
+            {"CBR.mp3", QStringList{"-i", quelle, "-b:a", "128k"} + ohneXing},
+            {"Cover.mp3", QStringList{"-i", quelle, "-i", cover, "-map", "0", "-map", "1", "-c:v", "copy", "-id3v2_version",
+                                      "3", "-write_id3v1", "1", "-q:a", "4"} + ohneXing},
+            {"MPEG-2.mp3", QStringList{"-i", quelle, "-ar", "22050", "-ac", "1", "-q:a", "6"} + ohneXing},
+            {"Teil A.mp3", QStringList{"-t", "10", "-i", quelle, "-q:a", "2", "-id3v2_version", "0"} + ohneXing},
+            {"Teil B.mp3", QStringList{"-ss", "10", "-i", quelle, "-ar", "32000", "-q:a", "2", "-id3v2_version", "0"} + ohneXing}};
+        for (const auto& [name, argumente] : mp3s)
+            QVERIFY2(Werkzeug("ffmpeg", QStringList{"-v", "error", "-y"} + argumente + QStringList{m_ordner + name}),
+                     qPrintable(name));
+        QByteArray zufall(3000, '\0');
+        for (int i = 0; i < zufall.size(); ++i)
+            zufall[i] = char((i * 7919 + (i >> 3)) & 0xFF);
+        DateiSchreiben(m_ordner + "Zwischenraum.mp3",
+                       DateiLesen(m_ordner + "Teil A.mp3") + zufall + DateiLesen(m_ordner + "Teil B.mp3"));
+        DateiSchreiben(m_ordner + "Abgeschnitten.mp3", DateiLesen(m_ordner + "Cover.mp3").chopped(5000));
+        for (const char* name : {"Xing.mp3", "CBR.mp3", "Cover.mp3", "MPEG-2.mp3", "Zwischenraum.mp3", "Abgeschnitten.mp3"}) {
+            const QString pfad = m_ordner + QLatin1String(name);
+            const double gemessen = BassTracklaenge(pfad), dekodiert = DekodierteLaenge(pfad);
+            // Within two frames: counting must not lose any on the way.
+            QVERIFY2(dekodiert > 15.0 && qAbs(gemessen - dekodiert) < 0.053,
+                     qPrintable(QStringLiteral("%1: %2 s, decoded %3 s").arg(name).arg(gemessen).arg(dekodiert)));
+        }
+        // The format behind a large ID3 tag is told from its own bytes, also where a tagger
+        // put the tag before a FLAC.
+        const QByteArray mitCover = DateiLesen(m_ordner + "Cover.mp3");
+        const int tag = 10 + ((mitCover[6] << 21) | (mitCover[7] << 14) | (mitCover[8] << 7) | mitCover[9]);
+        QVERIFY(tag > 16 * 1024);
+        DateiSchreiben(m_ordner + "Mit Tag.flac", mitCover.left(tag) + DateiLesen(m_ordner + "Ton.flac"));
+        QVERIFY(qAbs(BassTracklaenge(m_ordner + "Mit Tag.flac") - 1.5) < 0.1);
         // A video counts by its longest stream.
         const QString film = m_ordner + QStringLiteral("Film.mp4");
         QVERIFY(Werkzeug("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=2",
@@ -111,6 +165,7 @@ private slots:
             QSKIP("ffmpeg is missing");
         const QStringList ton = {"-f", "lavfi", "-i", "sine=frequency=440:duration=1"};
         const QStringList bild = {"-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=1"};
+        const QStringList h264 = {"-c:v", "libx264", "-pix_fmt", "yuv420p"};
         const QList<QPair<QString, QStringList>> formate = {
             {"Ton.wav", ton},
             {"Ton.mp3", ton},
@@ -118,10 +173,14 @@ private slots:
             {"Ton.opus", ton},
             {"Ton.flac", ton},
             {"Ton.m4a", ton + QStringList{"-c:a", "aac"}},
+            {"Ton.aac", ton + QStringList{"-c:a", "aac"}},
             {"Ton.wma", ton + QStringList{"-c:a", "wmav2"}},
             {"Film.wmv", bild + ton + QStringList{"-c:v", "wmv2", "-c:a", "wmav2"}},
             {"Film.mkv", bild + ton + QStringList{"-c:v", "mpeg4", "-c:a", "libvorbis"}},
-            {"Film.m2ts", bild + ton + QStringList{"-c:v", "mpeg2video", "-c:a", "mp2"}}};
+            {"Film.mp4", bild + ton + h264 + QStringList{"-c:a", "aac"}},
+            {"Film.m2ts", bild + ton + QStringList{"-c:v", "mpeg2video", "-c:a", "mp2"}},
+            // As cameras write it: H.264 and AC-3 in packets of 192 bytes.
+            {"Kamera.m2ts", bild + ton + h264 + QStringList{"-c:a", "ac3"}}};
         for (const auto& [name, argumente] : formate) {
             const QString pfad = m_ordner + "Formate/" + name;
             QDir().mkpath(m_ordner + "Formate");

@@ -114,9 +114,14 @@ private slots:
         QVERIFY(QFile::exists(musik + "Heft - 2.pdf"));
         QVERIFY(IstMedienname("a.MKV") && IstMedienname("b.wma") && !IstMedienname("c.jpg") && !IstMedienname("mp3"));
 
+        // The field edited to a relative path, the list still showing the folder: a star
+        // renames nothing, not even the file that the path names from the working folder.
         const QString vorher = QDir::currentPath();
         QDir::setCurrent(musik + "..");
         w->TextMusikpfad->setText("Abba/");
+        TrackIndex = eintrag("Erstes - 5.mp3");
+        w->imgSongNote_Click(1);
+        QVERIFY(QFile::exists(musik + "Erstes - 5.mp3"));
         w->TrackListeLaden();
         QDir::setCurrent(vorher);
         QVERIFY(!w->filTrack->isEnabled());

@@ -3,6 +3,9 @@
 # but only those that are missing. Uses sudo when not run as root.
 set -eu
 
+# The sound paths play through GStreamer; each format of a collection needs its set:
+# base Ogg, Vorbis, Opus; good WAV, FLAC, MP3, Matroska, MP4/M4A; bad MPEG-TS (M2TS) and
+# the H.264 parser; ugly ASF (WMA, WMV); libav the decoders of WMA, WMV, H.264, AAC, AC-3.
 PAKETE="build-essential cmake ninja-build pkg-config
 qt6-base-dev libqt6sql6-sqlite qt6-multimedia-dev qt6-svg-dev qt6-speech-dev qt6-declarative-dev
 qt6-translations-l10n libxkbcommon-dev libsqlite3-dev libavformat-dev
