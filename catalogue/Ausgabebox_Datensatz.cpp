@@ -147,7 +147,7 @@ void Ausgabebox::CDSterneZeichnen()
         return;
     const int sterne = int(std::nearbyint(wert));
     for (int i = 0; i < 6 && i < sterne; ++i)
-        imgCDnote[size_t(i)]->setBild(imgStern->Bild());
+        imgCDnote[i]->setBild(imgStern->Bild());
 }
 
 void Ausgabebox::imgCDnote_Click(int index)
@@ -157,7 +157,7 @@ void Ausgabebox::imgCDnote_Click(int index)
     for (Bildfeld* s : imgCDnote)
         s->setBild(imgSternGrau->Bild());
     for (int i = 0; i <= index && i < 6; ++i)
-        imgCDnote[size_t(i)]->setBild(imgStern->Bild());
+        imgCDnote[i]->setBild(imgStern->Bild());
     // The rating is an edit of the record; it is written at the next save or move.
     txtBewertung->setText(QString::number(index + 1));
 }

@@ -178,7 +178,7 @@ void Ausgabebox::ButtonAlpabeth_MouseUp(int index)
         FlexGrid* g = MSFlexGrid1;
         if (!chkTabelle->isChecked()) {
             const int c = SpalteSuchen(spalte);
-            const QString buchstabe = ButtonAlpabeth[size_t(index)]->text();
+            const QString buchstabe = ButtonAlpabeth[index]->text();
             for (int zeile = 1; c >= 0 && zeile < g->Rows(); ++zeile) {
                 if (g->TextMatrix(zeile, c).left(1).toUpper() == buchstabe) {
                     // The last row is left out: it would not scroll anyway.

@@ -60,7 +60,7 @@ void Katalogdatei::verbinden()
     connect(box.mnuSpeichernUnter, &QAction::triggered, this, [this] { mnuSpeichernUnter_Click(); });
     connect(box.MenuAktualisieren, &QAction::triggered, this, [this] { MenuAktualisieren_Click(); });
     for (int i = 0; i < 10; ++i)
-        connect(box.mnuOrdner[size_t(i)], &QAction::triggered, this, [this, i] { mnuOrdner_Click(i); });
+        connect(box.mnuOrdner[i], &QAction::triggered, this, [this, i] { mnuOrdner_Click(i); });
 }
 
 void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)
@@ -204,12 +204,12 @@ void Katalogdatei::MenuAktualisieren_Click()
 
 QString Katalogdatei::OrdnerEintrag(int index) const
 {
-    return box.mnuOrdner[size_t(index)]->data().toString();
+    return box.mnuOrdner[index]->data().toString();
 }
 
 void Katalogdatei::OrdnerEintragSetzen(int index, const QString& pfad)
 {
-    QAction* a = box.mnuOrdner[size_t(index)];
+    QAction* a = box.mnuOrdner[index];
     a->setData(pfad);
     // A path may hold "&", which a menu caption would take for an access key.
     a->setText(QString(pfad).replace(u'&', QStringLiteral("&&")));

@@ -155,7 +155,7 @@ frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
     connect(cmdEinfuegen, &QPushButton::clicked, this, [this] { cmdEinfuegen_Click(); });
     connect(cmdEntfernen, &QPushButton::clicked, this, [this] { cmdEntfernen_Click(); });
     for (int i = 0; i < 2; ++i)
-        connect(cmdHochTief[size_t(i)], &QPushButton::clicked, this, [this, i] { cmdHochTief_Click(i); });
+        connect(cmdHochTief[i], &QPushButton::clicked, this, [this, i] { cmdHochTief_Click(i); });
     connect(cmdStandard, &QPushButton::clicked, this, [this] { cmdStandard_Click(); });
     connect(cmdDefault, &QPushButton::clicked, this, [this] { cmdDefault_Click(); });
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });

@@ -2,6 +2,7 @@
 // The column arrangement: which columns of the table are visible, and in which order.
 // It edits the settings TabelleAnordnenCaption0 to 17 and TableNotSort.
 #include "shell/Farbverlauf.h"
+#include "shell/Steuerfeld.h"
 
 #include <QString>
 
@@ -43,7 +44,7 @@ public:
     QListWidget* lstSpalten = nullptr;
     QPushButton* cmdEinfuegen = nullptr;
     QPushButton* cmdEntfernen = nullptr;
-    std::array<QPushButton*, 2> cmdHochTief{};
+    Steuerfeld<QPushButton, 2> cmdHochTief{"cmdHochTief"};
     QPushButton* cmdStandard = nullptr;
     QPushButton* cmdDefault = nullptr;
     QCheckBox* chkNotSort = nullptr;

@@ -3,10 +3,9 @@
 // program folder), handed to the main window through SqlAnweisung, to run either as the
 // table's record source or as an action on the database.
 #include "shell/Farbverlauf.h"
+#include "shell/Steuerfeld.h"
 
 #include <QString>
-
-#include <array>
 
 class QLabel;
 class QListWidget;
@@ -40,7 +39,7 @@ public:
 
     QLabel* lblTextSQL = nullptr;
     Textfeld* TextSQL = nullptr;
-    std::array<QRadioButton*, 2> optSql{};
+    Steuerfeld<QRadioButton, 2> optSql{"optSql"};
     QPushButton* CommandOK = nullptr;
     QPushButton* CommandExit = nullptr;
     QPushButton* CommandUebernehmen = nullptr;

@@ -87,7 +87,7 @@ void Ausgabebox::BewertungTracks()
     if (sterne < 0)
         return;
     for (int i = 0; i < sterne; ++i)
-        imgSongNote[size_t(i)]->setBild(imgStern->Bild());
+        imgSongNote[i]->setBild(imgStern->Bild());
     CDSterneZeichnen();
 }
 

@@ -447,7 +447,7 @@ void Ausgabebox::imgPosAB_Click()
         bild = 1;
     }
     for (int i = 0; i < 3; ++i)
-        imgPosAB[size_t(i)]->setVisible(i == bild);
+        imgPosAB[i]->setVisible(i == bild);
 }
 
 void Ausgabebox::TimerPosAB_Timer()

@@ -36,7 +36,7 @@ frmUhrzeit::frmUhrzeit(QWidget* eltern)
     const char* tipp[] = {" Stunde 00-24 ", " Minute 00-60 "};
     for (int i = 0; i < 2; ++i) {
         auto* feld = new Textfeld(this);
-        feld->setObjectName(QStringLiteral("Text1(%1)").arg(i));
+        feld->setObjectName(Text1.Name(i));
         feld->setMaxLength(2);
         feld->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,2}")), feld));
         feld->setAlignment(Qt::AlignCenter);
@@ -46,11 +46,11 @@ frmUhrzeit::frmUhrzeit(QWidget* eltern)
         feld->setFont(gross);
         feld->setFixedWidth(feld->fontMetrics().horizontalAdvance(QStringLiteral("000")) + Px(240));
         feld->installEventFilter(this);
-        Text1[size_t(i)] = feld;
+        Text1[i] = feld;
         auto* label = new QLabel(QLatin1String(beschriftung[i]), this);
-        label->setObjectName(QStringLiteral("Label1(%1)").arg(i));
+        label->setObjectName(Label1.Name(i));
         label->setBuddy(feld);
-        Label1[size_t(i)] = label;
+        Label1[i] = label;
         connect(feld, &QLineEdit::textEdited, this, [this, i] { Text1_Change(i); });
     }
     cmdOK = Befehlsknopf(this, QStringLiteral("cmdOK"), QStringLiteral("&OK"));
@@ -60,8 +60,8 @@ frmUhrzeit::frmUhrzeit(QWidget* eltern)
     auto* zeit = new QHBoxLayout;
     zeit->addStretch();
     for (int i = 0; i < 2; ++i) {
-        zeit->addWidget(Text1[size_t(i)]);
-        zeit->addWidget(Label1[size_t(i)]);
+        zeit->addWidget(Text1[i]);
+        zeit->addWidget(Label1[i]);
         if (i == 0)
             zeit->addSpacing(Px(240));
     }
@@ -111,14 +111,14 @@ void frmUhrzeit::Timer1_Timer() { setWindowTitle(Uhrzeit()); }
 
 void frmUhrzeit::Text1_Change(int index)
 {
-    Textfeld* feld = Text1[size_t(index)];
+    Textfeld* feld = Text1[index];
     if (feld->text().size() == 2 && feld->hasFocus())
         focusNextChild();
 }
 
 bool frmUhrzeit::Text1_Pruefen(int index)
 {
-    Textfeld* feld = Text1[size_t(index)];
+    Textfeld* feld = Text1[index];
     const int wert = feld->text().toInt();
     const int hoechstens = index == 0 ? 24 : 60;
     if (wert >= 0 && wert <= hoechstens)
@@ -138,7 +138,7 @@ void frmUhrzeit::cmdOK_Click()
             return;
     QString teile[2];
     for (int i = 0; i < 2; ++i)
-        teile[i] = Text1[size_t(i)]->text().rightJustified(2, u'0');
+        teile[i] = Text1[i]->text().rightJustified(2, u'0');
     SleepZeit = teile[0] + QStringLiteral(":") + teile[1];
     Timer1->setEnabled(false);
     accept();
@@ -166,7 +166,7 @@ bool frmUhrzeit::eventFilter(QObject* objekt, QEvent* ereignis)
         QWidget* neu = QApplication::focusWidget();
         if (imFenster && isVisible() && neu != cmdExit) {
             for (int i = 0; i < 2; ++i)
-                if (objekt == Text1[size_t(i)])
+                if (objekt == Text1[i])
                     Text1_Pruefen(i);
         }
     }

@@ -2,10 +2,9 @@
 // The time of day at which the sleep function acts: hours and minutes, with the current
 // time in the caption.
 #include "shell/Farbverlauf.h"
+#include "shell/Steuerfeld.h"
 
 #include <QString>
-
-#include <array>
 
 class QLabel;
 class QPushButton;
@@ -34,8 +33,8 @@ public:
     void cmdOK_Click();
     void cmdExit_Click();
 
-    std::array<Textfeld*, 2> Text1{};
-    std::array<QLabel*, 2> Label1{};
+    Steuerfeld<Textfeld, 2> Text1{"Text1"};
+    Steuerfeld<QLabel, 2> Label1{"Label1"};
     QPushButton* cmdOK = nullptr;
     QPushButton* cmdExit = nullptr;
     Zeitgeber* Timer1 = nullptr;

@@ -69,12 +69,12 @@ frmWinMediaPlayer::frmWinMediaPlayer(QWidget* eltern)
     };
     for (int i = 0; i < 10; ++i) {
         auto* b = new Bildknopf(this);
-        b->setObjectName(QStringLiteral("imgVorBack(%1)").arg(i));
+        b->setObjectName(imgVorBack.Name(i));
         b->setIcon(Symbol(QLatin1String(knoepfe[i].symbol)));
         b->setIconSize(QSize(22, 22));
         b->setToolTip(QString::fromUtf8(knoepfe[i].tipp));
         connect(b, &Bildknopf::clicked, this, [this, i] { imgVorBack_Click(i); });
-        imgVorBack[size_t(i)] = b;
+        imgVorBack[i] = b;
     }
     imgVorBack[8]->hide();
     TimerPosAB = D().uhr().neuerZeitgeber(this);
@@ -241,7 +241,7 @@ void frmWinMediaPlayer::Form_Resize()
     const int platz[10] = {0, 1, 2, 3, 4, 4, 4, 5, 5, 6};
     const int groesse = 28;
     for (int i = 0; i < 10; ++i)
-        imgVorBack[size_t(i)]->setGeometry(8 + platz[i] * (groesse + 4), hoehe - groesse - Px(60), groesse, groesse);
+        imgVorBack[i]->setGeometry(8 + platz[i] * (groesse + 4), hoehe - groesse - Px(60), groesse, groesse);
 }
 
 void frmWinMediaPlayer::resizeEvent(QResizeEvent* e)

@@ -2,8 +2,7 @@
 // The window of the media player path for video and pictures: the control fills it, a row
 // of picture buttons at the foot steps through the Carrier's files, loops and stretches.
 #include "shell/Farbverlauf.h"
-
-#include <array>
+#include "shell/Steuerfeld.h"
 
 class Bildfeld;
 class Bildknopf;
@@ -34,7 +33,7 @@ public:
 
     QVideoWidget* WindowsMediaPlayer1 = nullptr;
     Bildfeld* imgBild = nullptr; // pictures stand here in place of the video
-    std::array<Bildknopf*, 10> imgVorBack{};
+    Steuerfeld<Bildknopf, 10> imgVorBack{"imgVorBack"};
     Zeitgeber* TimerPosAB = nullptr;
     int PosA = 0;
     int PosB = 0;

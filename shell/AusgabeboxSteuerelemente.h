@@ -2,9 +2,9 @@
 // The controls, menus, actions and timers of the main window, as a generated form class
 // holds them: plain pointers that the window's build fills. The window inherits them, so
 // every procedure and every other window reaches a control by its name.
-#include <QString>
+#include "shell/Steuerfeld.h"
 
-#include <array>
+#include <QString>
 
 class Bildfeld;
 class Bildknopf;
@@ -35,7 +35,7 @@ struct AusgabeboxSteuerelemente {
     // Catalogue and table
     Datensteuerung* Data1 = nullptr;
     FlexGrid* MSFlexGrid1 = nullptr;
-    std::array<QPushButton*, 32> ButtonAlpabeth{};
+    Steuerfeld<QPushButton, 32> ButtonAlpabeth{"ButtonAlpabeth"};
     QPushButton* cmdABC = nullptr;
     QCheckBox* chkTabelle = nullptr;
     QLabel* lblTabellenName = nullptr;
@@ -54,11 +54,11 @@ struct AusgabeboxSteuerelemente {
     Textfeld* TextMusikpfad = nullptr;
     Bildknopf* imgMusikpfad = nullptr;
     QPushButton* cmdBandTitel = nullptr;
-    std::array<QLabel*, 14> Bez{};
+    Steuerfeld<QLabel, 14> Bez{"Bez"};
     Textfeld* txtBewertung = nullptr;
     Textfeld* txtBildpfad = nullptr;
     Textfeld* txtEbook = nullptr;
-    std::array<Bildfeld*, 6> imgCDnote{};
+    Steuerfeld<Bildfeld, 6> imgCDnote{"imgCDnote"};
     QComboBox* cboEbook = nullptr;
     Bildknopf* imgEbookOpen = nullptr;
     Bildknopf* imgEbookKill = nullptr;
@@ -73,7 +73,7 @@ struct AusgabeboxSteuerelemente {
     QTextEdit* rtfSonstiges = nullptr;
     QPushButton* cmdTextBig = nullptr;
     QPushButton* cmdTextSmall = nullptr;
-    std::array<Bildknopf*, 15> ButtonText{}; // index 10 stays empty
+    Steuerfeld<Bildknopf, 15> ButtonText{"ButtonText"}; // index 10 stays empty
     Dateiliste* filPlaylist = nullptr;
     QTreeWidget* lvwPlaylist = nullptr;
 
@@ -83,7 +83,7 @@ struct AusgabeboxSteuerelemente {
     QComboBox* cboBildpfad = nullptr;
     QCheckBox* chkBildpfad = nullptr;
     Bildfeld* picCoverGreat = nullptr;
-    std::array<Bildfeld*, 22> imgCover{};
+    Steuerfeld<Bildfeld, 22> imgCover{"imgCover"};
     QPushButton* cmdCoverUp = nullptr;
     QPushButton* cmdCoverDown = nullptr;
     QListWidget* lstCover = nullptr;
@@ -92,13 +92,13 @@ struct AusgabeboxSteuerelemente {
     // Track list and player
     Dateiliste* filTrack = nullptr;
     QFrame* fraSternTrack = nullptr;
-    std::array<Bildfeld*, 6> imgSongNote{};
+    Steuerfeld<Bildfeld, 6> imgSongNote{"imgSongNote"};
     Bildknopf* imgStart = nullptr;
     Bildknopf* imgStop = nullptr;
-    std::array<Bildknopf*, 2> imgPause{};
+    Steuerfeld<Bildknopf, 2> imgPause{"imgPause"};
     Bildknopf* imgResume = nullptr;
-    std::array<Bildknopf*, 2> imgVorBack{};
-    std::array<Bildknopf*, 3> imgPosAB{};
+    Steuerfeld<Bildknopf, 2> imgVorBack{"imgVorBack"};
+    Steuerfeld<Bildknopf, 3> imgPosAB{"imgPosAB"};
     Bildknopf* imgMiniPlayer = nullptr;
     Bildknopf* imgLiedzufall = nullptr;
     Bildknopf* imgLautsprecherregler = nullptr;
@@ -115,7 +115,7 @@ struct AusgabeboxSteuerelemente {
     QProgressBar* ProgressBar1 = nullptr;
 
     // Tool bar row
-    std::array<Bildknopf*, 21> cmdButton{};
+    Steuerfeld<Bildknopf, 21> cmdButton{"cmdButton"};
     QLabel* lblGradiant = nullptr;
     QPushButton* cmdPlayAsso = nullptr;
 
@@ -155,7 +155,7 @@ struct AusgabeboxSteuerelemente {
     QAction* mnuNeueDatenbank = nullptr;
     QAction* mnuSpeichernUnter = nullptr;
     QAction* MenuAktualisieren = nullptr;
-    std::array<QAction*, 10> mnuOrdner{};
+    Steuerfeld<QAction, 10> mnuOrdner{"mnuOrdner"};
     QAction* MenuDrucken = nullptr;
     QAction* mnuVorschauDrucken = nullptr;
     QAction* mnuBacksitePrint = nullptr;
@@ -262,6 +262,6 @@ struct AusgabeboxSteuerelemente {
     QAction* mnuUpdateCheckAllwaysOff = nullptr;
     QAction* mnuUpdateIE = nullptr;
 
-    std::array<QAction*, 15> mnuSpalte{};
+    Steuerfeld<QAction, 15> mnuSpalte{"mnuSpalte"};
 };
 

@@ -41,11 +41,6 @@
 
 namespace {
 
-QString mitIndex(const char* name, int index)
-{
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
 template <class T>
 T* neu(QWidget* eltern, const QString& name)
 {
@@ -102,7 +97,7 @@ void Ausgabebox::SteuerelementeAnlegen()
     Data1->setToolTip(QStringLiteral(" Datenbanksteuerung "));
     MSFlexGrid1 = neu<FlexGrid>(e, QStringLiteral("MSFlexGrid1"));
     for (int i = 0; i < 32; ++i) {
-        auto* b = neu<QPushButton>(e, mitIndex("ButtonAlpabeth", i));
+        auto* b = neu<QPushButton>(e, ButtonAlpabeth.Name(i));
         if (i < 26)
             b->setText(QString(QChar(u'A' + i)));
         else {
@@ -113,7 +108,7 @@ void Ausgabebox::SteuerelementeAnlegen()
         }
         b->setFocusPolicy(Qt::NoFocus);
         b->setContextMenuPolicy(Qt::PreventContextMenu);
-        ButtonAlpabeth[size_t(i)] = b;
+        ButtonAlpabeth[i] = b;
     }
     cmdABC = neu<QPushButton>(e, QStringLiteral("cmdABC"));
     cmdABC->setText(QStringLiteral("Alle"));
@@ -155,10 +150,10 @@ void Ausgabebox::SteuerelementeAnlegen()
                               "Bestell-Nr.", "Firma",   "Musikpfad",    "eBook u. Multimedia (0)",
                               "Tracks && Movies", "DB"};
     for (int i = 0; i < 14; ++i) {
-        auto* l = neu<QLabel>(e, mitIndex("Bez", i));
+        auto* l = neu<QLabel>(e, Bez.Name(i));
         l->setTextFormat(Qt::PlainText);
         l->setText(QString::fromUtf8(bezTexte[i]));
-        Bez[size_t(i)] = l;
+        Bez[i] = l;
     }
     Bez[0]->setToolTip(QStringLiteral(" Online-Suche Band "));
     Bez[1]->setToolTip(QStringLiteral(" Online-Suche Band u. Titel "));
@@ -169,10 +164,10 @@ void Ausgabebox::SteuerelementeAnlegen()
     for (Textfeld* t : {txtBewertung, txtBildpfad, txtEbook})
         t->hide();
     for (int i = 0; i < 6; ++i) {
-        auto* s = neu<Bildfeld>(e, mitIndex("imgCDnote", i));
+        auto* s = neu<Bildfeld>(e, imgCDnote.Name(i));
         s->setToolTip(QStringLiteral(" Tonträger bewerten: %1 ").arg(i + 1));
         s->setCursor(Qt::PointingHandCursor);
-        imgCDnote[size_t(i)] = s;
+        imgCDnote[i] = s;
     }
     cboEbook = neu<QComboBox>(e, QStringLiteral("cboEbook"));
     imgEbookOpen = knopf(e, QStringLiteral("imgEbookOpen"), QStringLiteral("ebook_laden"),
@@ -217,7 +212,7 @@ void Ausgabebox::SteuerelementeAnlegen()
         {13, "mitte", " Zentriert "},          {14, "rechts", " Rechts "},
     };
     for (const Format& f : formate)
-        ButtonText[size_t(f.index)] = knopf(e, mitIndex("ButtonText", f.index),
+        ButtonText[f.index] = knopf(e, ButtonText.Name(f.index),
                                             QLatin1String(f.symbol), QString::fromUtf8(f.tipp));
     filPlaylist = neu<Dateiliste>(e, QStringLiteral("filPlaylist"));
     filPlaylist->setPattern(QStringLiteral("*.txt"));
@@ -242,10 +237,10 @@ void Ausgabebox::SteuerelementeAnlegen()
     picCoverGreat->setStretch(true);
     picCoverGreat->hide();
     for (int i = 0; i < 22; ++i) {
-        auto* c = neu<Bildfeld>(e, mitIndex("imgCover", i));
+        auto* c = neu<Bildfeld>(e, imgCover.Name(i));
         c->setStretch(true);
         c->hide();
-        imgCover[size_t(i)] = c;
+        imgCover[i] = c;
     }
     cmdCoverUp = neu<QPushButton>(e, QStringLiteral("cmdCoverUp"));
     cmdCoverUp->setIcon(Symbol(QStringLiteral("hoch")));
@@ -264,10 +259,10 @@ void Ausgabebox::SteuerelementeAnlegen()
     filTrack = neu<Dateiliste>(e, QStringLiteral("filTrack"));
     fraSternTrack = neu<QFrame>(e, QStringLiteral("fraSternTrack"));
     for (int i = 0; i < 6; ++i) {
-        auto* s = neu<Bildfeld>(fraSternTrack, mitIndex("imgSongNote", i));
+        auto* s = neu<Bildfeld>(fraSternTrack, imgSongNote.Name(i));
         s->setToolTip(QStringLiteral(" Track bewerten: %1 ").arg(i + 1));
         s->setCursor(Qt::PointingHandCursor);
-        imgSongNote[size_t(i)] = s;
+        imgSongNote[i] = s;
     }
     imgStart = knopf(e, QStringLiteral("imgStart"), QStringLiteral("start"), QStringLiteral(" Start "));
     imgStop = knopf(e, QStringLiteral("imgStop"), QStringLiteral("stop"), QStringLiteral(" Stop "));
@@ -282,10 +277,10 @@ void Ausgabebox::SteuerelementeAnlegen()
     imgVorBack[1] = knopf(e, QStringLiteral("imgVorBack(1)"), QStringLiteral("vor"),
                           QStringLiteral(" Track vor "));
     for (int i = 0; i < 3; ++i) {
-        imgPosAB[size_t(i)] = knopf(e, mitIndex("imgPosAB", i), QStringLiteral("ab%1").arg(i),
+        imgPosAB[i] = knopf(e, imgPosAB.Name(i), QStringLiteral("ab%1").arg(i),
                                     QStringLiteral(" A-B Wiederholung "));
         if (i > 0)
-            imgPosAB[size_t(i)]->hide();
+            imgPosAB[i]->hide();
     }
     imgMiniPlayer = knopf(e, QStringLiteral("imgMiniPlayer"), QStringLiteral("miniplayer"),
                           QStringLiteral(" Mini-Player "));
@@ -347,7 +342,7 @@ void Ausgabebox::SteuerelementeAnlegen()
         {"schreiben", " DeepL Write "},
     };
     for (int i = 0; i < 21; ++i)
-        cmdButton[size_t(i)] = knopf(e, mitIndex("cmdButton", i), QLatin1String(werkzeuge[i][0]),
+        cmdButton[i] = knopf(e, cmdButton.Name(i), QLatin1String(werkzeuge[i][0]),
                                      QString::fromUtf8(werkzeuge[i][1]));
     lblGradiant = neu<QLabel>(e, QStringLiteral("lblGradiant"));
     FarbverlaufSetzen(lblGradiant, Farbe::VerlaufEnde, Farbe::StandardHintergrund, VerlaufWaagerecht);
@@ -420,14 +415,14 @@ void Ausgabebox::Entwurfsplaetze()
 {
     // Tool bar row; lblGradiant and cmdPlayAsso follow the width in Form_Resize.
     for (int i = 0; i < 21; ++i)
-        Platz(cmdButton[size_t(i)], 30 + i * 405, 30, 390, 390);
+        Platz(cmdButton[i], 30 + i * 405, 30, 390, 390);
     Platz(lblGradiant, 8580, 30, 4800, 390);
     Platz(cmdPlayAsso, 13500, 30, 1620, 390);
 
     // Cover strip at the left edge.
     Platz(cmdCoverUp, 30, 450, 1410, 300);
     for (int i = 0; i < 22; ++i)
-        Platz(imgCover[size_t(i)], 75, 780 + i * 970, 1320, 930);
+        Platz(imgCover[i], 75, 780 + i * 970, 1320, 930);
     Platz(cmdCoverDown, 30, 9480, 1410, 300);
 
     // The text tabs; the playlist takes their place when it shows.
@@ -474,13 +469,13 @@ void Ausgabebox::Entwurfsplaetze()
     Platz(TextSongs, 8550, 4290, 4050, 1150);
     int x = 8550;
     for (int i = 0; i < 15; ++i) {
-        if (!ButtonText[size_t(i)])
+        if (!ButtonText[i])
             continue;
-        Platz(ButtonText[size_t(i)], x, 5480, 285, 300);
+        Platz(ButtonText[i], x, 5480, 285, 300);
         x += 285;
     }
     for (int i = 0; i < 6; ++i)
-        Platz(imgCDnote[size_t(i)], 8550 + i * 300, 5850, 300, 300);
+        Platz(imgCDnote[i], 8550 + i * 300, 5850, 300, 300);
     Platz(cmdBandTitel, 10500, 5835, 2100, 330);
 
     // Track list with its stars.
@@ -489,7 +484,7 @@ void Ausgabebox::Entwurfsplaetze()
     Platz(filTrack, 12660, 1080, 2465, 4380);
     Platz(fraSternTrack, 13245, 5490, 1880, 330);
     for (int i = 0; i < 6; ++i)
-        Platz(imgSongNote[size_t(i)], 40 + i * 300, 15, 300, 300);
+        Platz(imgSongNote[i], 40 + i * 300, 15, 300, 300);
 
     // Transport and play modes.
     Bildknopf* transport[] = {imgStart,     imgPause[0],   imgResume,     imgStop,
@@ -514,9 +509,9 @@ void Ausgabebox::Entwurfsplaetze()
 
     // Letters, table name and the data control above the table.
     for (int i = 0; i < 26; ++i)
-        Platz(ButtonAlpabeth[size_t(i)], 1500 + i * 240, 6720, 240, 330);
+        Platz(ButtonAlpabeth[i], 1500 + i * 240, 6720, 240, 330);
     for (int i = 26; i < 32; ++i)
-        Platz(ButtonAlpabeth[size_t(i)], 7800 + (i - 26) * 375, 6720, 375, 330);
+        Platz(ButtonAlpabeth[i], 7800 + (i - 26) * 375, 6720, 375, 330);
     Platz(chkTabelle, 10110, 6750, 630, 270);
     Platz(cmdABC, 10740, 6720, 600, 330);
     Platz(lblTabellenName, 11400, 6750, 900, 270);
@@ -574,9 +569,9 @@ void Ausgabebox::MenusAnlegen()
     Menu_Backup = eintrag(mnuDatei, QStringLiteral("Menu_Backup"), QStringLiteral("&Backup..."));
     mnuDatei->addSeparator();
     for (int i = 0; i < 10; ++i) {
-        QAction* a = eintrag(mnuDatei, mitIndex("mnuOrdner", i), QString());
+        QAction* a = eintrag(mnuDatei, mnuOrdner.Name(i), QString());
         a->setVisible(false);
-        mnuOrdner[size_t(i)] = a;
+        mnuOrdner[i] = a;
     }
     mnuDatei->addSeparator();
     MenuBeendenAktion = eintrag(mnuDatei, QStringLiteral("MenuBeenden"), QStringLiteral("&Beenden"));
@@ -776,9 +771,9 @@ void Ausgabebox::MenusAnlegen()
                              "Datum", "Preis",    "Plattenfirma", "BestellNr", "Songs",
                              "BildPfad", "Musikpfad", "SongText", "eBook",  "Bewertung"};
     for (int i = 0; i < 15; ++i) {
-        QAction* a = haken(mnuSpaltenkopf, mitIndex("mnuSpalte", i), QLatin1String(spalten[i]));
+        QAction* a = haken(mnuSpaltenkopf, mnuSpalte.Name(i), QLatin1String(spalten[i]));
         a->setChecked(i == 0);
-        mnuSpalte[size_t(i)] = a;
+        mnuSpalte[i] = a;
     }
 
     // Entries whose commands are not built yet are there, but greyed.
@@ -803,10 +798,10 @@ void Ausgabebox::EreignisseVerbinden()
     connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
     connect(mnuDatenbank, &QAction::triggered, this, [this] { mnuDatenbank_Click(); });
     for (int i = 0; i < 15; ++i)
-        connect(mnuSpalte[size_t(i)], &QAction::triggered, this, [this, i] {
+        connect(mnuSpalte[i], &QAction::triggered, this, [this, i] {
             for (QAction* a : mnuSpalte)
                 a->setChecked(false);
-            mnuSpalte[size_t(i)]->setChecked(true);
+            mnuSpalte[i]->setChecked(true);
         });
 
     // Tool buttons whose commands stand; the others wait for their commands.
@@ -822,11 +817,11 @@ void Ausgabebox::EreignisseVerbinden()
     for (int i = 0; i < 21; ++i) {
         const auto it = werkzeuge.find(i);
         if (it == werkzeuge.end()) {
-            cmdButton[size_t(i)]->setEnabled(false);
+            cmdButton[i]->setEnabled(false);
             continue;
         }
         const std::function<void()> befehl = it->second;
-        connect(cmdButton[size_t(i)], &Bildknopf::MouseUp, this, [befehl](Qt::MouseButton knopf) {
+        connect(cmdButton[i], &Bildknopf::MouseUp, this, [befehl](Qt::MouseButton knopf) {
             QCoreApplication::processEvents();
             if (knopf == Qt::LeftButton)
                 befehl();
@@ -848,8 +843,8 @@ void Ausgabebox::EreignisseVerbinden()
     connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
     connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
-        connect(ButtonAlpabeth[size_t(i)], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
-        ButtonAlpabeth[size_t(i)]->installEventFilter(this);
+        connect(ButtonAlpabeth[i], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
+        ButtonAlpabeth[i]->installEventFilter(this);
     }
     connect(staBar, &Statusleiste::DblClick, this, [this] { AktuelleCDanzeigen(); });
 
@@ -879,7 +874,7 @@ void Ausgabebox::EreignisseVerbinden()
     connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this] { MSFlexGrid1->setPalette(QPalette()); });
 
     for (int i = 0; i < 6; ++i)
-        connect(imgCDnote[size_t(i)], &Bildfeld::Click, this, [this, i] { imgCDnote_Click(i); });
+        connect(imgCDnote[i], &Bildfeld::Click, this, [this, i] { imgCDnote_Click(i); });
 
     // The field that had the focus last, for the commands that act on "the" field.
     for (Textfeld* t : {TextBand, TextLPTitel, TextMedium, TextStil, TextInfo, TextPlattenfirma, TextBestellNr,
@@ -903,7 +898,7 @@ void Ausgabebox::EreignisseVerbinden()
         {12, filTrack},
     };
     for (const auto& [index, feld] : partner)
-        Bez[size_t(index)]->setBuddy(feld);
+        Bez[index]->setBuddy(feld);
 
     // The player.
     connect(imgStart, &Bildknopf::clicked, this, [this] { imgStart_Click(); });
@@ -913,7 +908,7 @@ void Ausgabebox::EreignisseVerbinden()
         connect(b, &Bildknopf::clicked, this, [this] { imgPause_Click(); });
     connect(imgResume, &Bildknopf::clicked, this, [this] { imgResume_Click(); });
     for (int i = 0; i < 2; ++i)
-        connect(imgVorBack[size_t(i)], &Bildknopf::clicked, this, [this, i] { imgVorBack_Click(i); });
+        connect(imgVorBack[i], &Bildknopf::clicked, this, [this, i] { imgVorBack_Click(i); });
     for (Bildknopf* b : imgPosAB)
         connect(b, &Bildknopf::clicked, this, [this] { imgPosAB_Click(); });
     connect(TimerPosAB, &Zeitgeber::Timer, this, [this] { TimerPosAB_Timer(); });
@@ -927,7 +922,7 @@ void Ausgabebox::EreignisseVerbinden()
     connect(mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
     lvwPlaylist->installEventFilter(this);
     for (int i = 0; i < 6; ++i)
-        connect(imgSongNote[size_t(i)], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
+        connect(imgSongNote[i], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
     connect(cmdPlayAsso, &QPushButton::clicked, this, [this] { cmdPlayAsso_Click(); });
     connect(cmdInfoTrack, &QPushButton::clicked, this, [this] { cmdInfoTrack_Click(); });
     connect(chkVisualisierung, &QCheckBox::clicked, this, [this] { chkVisualisierung_Click(); });

@@ -201,15 +201,13 @@ frmMsgNimb::frmMsgNimb(QWidget* eltern)
     fraMsgButton = new QFrame(this);
     fraMsgButton->setObjectName(QStringLiteral("fraMsgButton"));
     for (int i = 0; i < 7; ++i) {
-        cmdButton[i] = new QPushButton(QString::fromUtf8(Beschriftungen[i]), fraMsgButton);
-        cmdButton[i]->setObjectName(QStringLiteral("cmdButton(%1)").arg(i));
+        cmdButton.setzen(i, new QPushButton(QString::fromUtf8(Beschriftungen[i]), fraMsgButton));
         connect(cmdButton[i], &QPushButton::clicked, this, [this, i] { cmdButton_Click(i); });
     }
 
     imgMsgIcon[0] = nullptr;
     for (int i = 1; i <= 4; ++i) {
-        imgMsgIcon[i] = new Meldungssymbol(i, this);
-        imgMsgIcon[i]->setObjectName(QStringLiteral("imgMsgIcon(%1)").arg(i));
+        imgMsgIcon.setzen(i, new Meldungssymbol(i, this));
         imgMsgIcon[i]->setGeometry(Px(SymbolRand), Px(SymbolRand), Px(SymbolGroesse),
                                    Px(SymbolGroesse));
         imgMsgIcon[i]->hide();

@@ -2,6 +2,7 @@
 // The system's own message box: its colours, German buttons, a sound per kind of message,
 // a size that follows the text and an optional count-down that closes it by itself.
 #include "platform/Dialogdienst.h"
+#include "shell/Steuerfeld.h"
 
 #include <QDialog>
 
@@ -54,8 +55,8 @@ public:
 
     QTextEdit* txtMsgText;
     QFrame* fraMsgButton;
-    std::array<QPushButton*, 7> cmdButton;
-    std::array<Meldungssymbol*, 5> imgMsgIcon; // 1 to 4; [0] is unused
+    Steuerfeld<QPushButton, 7> cmdButton{"cmdButton"};
+    Steuerfeld<Meldungssymbol, 5> imgMsgIcon{"imgMsgIcon"}; // 1 to 4; [0] is unused
     Zeitgeber* Timer;
     QLineEdit* txtdummy;
 

@@ -52,7 +52,7 @@ class TestPlayer : public QObject {
 
     SpielerAttrappe* mp1() const { return static_cast<SpielerAttrappe*>(w->MediaPlayer1Spieler); }
     QString panel() const { return w->staBar->PanelText(2); }
-    int helleSterne(const std::array<Bildfeld*, 6>& sterne) const
+    int helleSterne(const Steuerfeld<Bildfeld, 6>& sterne) const
     {
         int n = 0;
         for (Bildfeld* s : sterne)
