@@ -137,9 +137,7 @@ public:
     int SpalteStil = -1;
     bool PlaylistTitelErzwingen = false;
     bool MediaPlayer1Sichtbar = false;
-    class Medienspieler* MediaPlayer1Spieler = nullptr;
     class frmWinMediaPlayer* WinMediaPlayer = nullptr;
-    class Audioanzeige* MediaPlayer1Audio = nullptr;
     // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
     void mnuStilrichtungAusschliessen_Click();
     void mnuBandAusschliessen_Click();
@@ -220,14 +218,9 @@ protected:
 
 private:
     // shell/Ausgabebox_Aufbau.cpp
-    void SteuerelementeAnlegen();
-    void MenusAnlegen();
     void EreignisseVerbinden();
     // Shows the panes of the chosen text tab (1 covers, 2 to 4 texts, 5 playlists).
     void TextseiteZeigen();
-    void Entwurfsplaetze();
-    // Places a control in twips of the inner area.
-    static void Platz(QWidget* w, int links, int oben, int breite, int hoehe);
 
     // The bound record controls: control, column.
     struct Bindung {

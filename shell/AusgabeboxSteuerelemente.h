@@ -1,11 +1,12 @@
 #pragma once
 // The controls, menus, actions and timers of the main window, as a generated form class
-// holds them: plain pointers that the window's build fills. The window inherits them, so
-// every procedure and every other window reaches a control by its name.
+// holds them: plain pointers that anlegen() fills. The window inherits them, so every
+// procedure and every other window reaches a control by its name.
 #include "shell/Steuerfeld.h"
 
 #include <QString>
 
+class Audioanzeige;
 class Bildfeld;
 class Bildknopf;
 class Dateiliste;
@@ -17,6 +18,7 @@ class QComboBox;
 class QFrame;
 class QLabel;
 class QListWidget;
+class QMainWindow;
 class QMenu;
 class QProgressBar;
 class QPushButton;
@@ -25,11 +27,18 @@ class QTextEdit;
 class QTreeWidget;
 class QVideoWidget;
 class QWidget;
+class Medienspieler;
 class Statusleiste;
 class Textfeld;
 class Zeitgeber;
 
 struct AusgabeboxSteuerelemente {
+    // Makes every control, menu and timer at its design place, as a generated form
+    // class's setupUi does. Nothing is wired to a command here.
+    void anlegen(QMainWindow* fenster);
+    // Places a control in twips of the inner area.
+    static void Platz(QWidget* w, int links, int oben, int breite, int hoehe);
+
     QWidget* Innen = nullptr; // the inner area, in which all lengths are measured
 
     // Catalogue and table
@@ -104,6 +113,8 @@ struct AusgabeboxSteuerelemente {
     Bildknopf* imgLautsprecherregler = nullptr;
     QPushButton* cmdInfoTrack = nullptr;
     QVideoWidget* MediaPlayer1 = nullptr;
+    Medienspieler* MediaPlayer1Spieler = nullptr; // the player behind MediaPlayer1
+    Audioanzeige* MediaPlayer1Audio = nullptr;    // over MediaPlayer1 while audio plays
     QCheckBox* chkVisualisierung = nullptr;
     QCheckBox* chkVollbild = nullptr;
     QCheckBox* chkAlleTracks = nullptr;
@@ -263,5 +274,9 @@ struct AusgabeboxSteuerelemente {
     QAction* mnuUpdateIE = nullptr;
 
     Steuerfeld<QAction, 15> mnuSpalte{"mnuSpalte"};
-};
 
+private:
+    void steuerelementeAnlegen(QMainWindow* fenster);
+    void menuesAnlegen(QMainWindow* fenster);
+    void entwurfsplaetze();
+};

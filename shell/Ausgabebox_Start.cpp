@@ -82,9 +82,28 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     setObjectName(QStringLiteral("Ausgabebox"));
     setWindowTitle(Titel);
     setAttribute(Qt::WA_DeleteOnClose, false);
-    SteuerelementeAnlegen();
-    MenusAnlegen();
-    Entwurfsplaetze();
+    anlegen(this);
+    // The bound record controls and their columns.
+    m_bindungen = {
+        {TextBand, QStringLiteral("Band")},
+        {TextLPTitel, QStringLiteral("LPTitel")},
+        {TextMedium, QStringLiteral("Medium")},
+        {TextStil, QStringLiteral("Stil")},
+        {TextInfo, QStringLiteral("Info")},
+        {TextPlattenfirma, QStringLiteral("Plattenfirma")},
+        {TextBestellNr, QStringLiteral("BestellNr")},
+        {TextPreis, QStringLiteral("Preis")},
+        {TextKaufdatum, QStringLiteral("Datum")},
+        {TextSongs, QStringLiteral("Songs")},
+        {txtBildpfad, QStringLiteral("BildPfad")},
+        {TextMusikpfad, QStringLiteral("Musikpfad")},
+        {txtSongText, QStringLiteral("SongText")},
+        {txtEbook, QStringLiteral("eBook")},
+        {txtBewertung, QStringLiteral("Bewertung")},
+        {rtfLinks, QStringLiteral("InternetTab")},
+        {rtfInfo, QStringLiteral("InfoTab")},
+        {rtfSonstiges, QStringLiteral("SonstigesTab")},
+    };
     TeileAnlegen();
     EreignisseVerbinden();
     for (int i = 0; i < 18; ++i)
