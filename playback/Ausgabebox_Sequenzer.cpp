@@ -1,6 +1,7 @@
 // The sequencer: the tick of Timer1 finds the end of a track, chooses the next one,
 // passes over excluded Carriers, waits and starts it; the six mode boxes keep themselves
 // in legal combinations; Timer2 writes the running title into the minimised caption.
+#include "playback/Abspieler.h"
 #include "shell/Ausgabebox.h"
 
 #include "playback/Zufallswahl.h"
@@ -153,7 +154,7 @@ void Ausgabebox::chkShuffle_Click()
         chkMarkTracks->setEnabled(true);
         SongZaehler = 1;
         Timer1->setEnabled(false);
-        imgStop_Click();
+        abspieler().imgStop_Click();
     }
 }
 
@@ -208,9 +209,9 @@ void Ausgabebox::mnuLaufschrift_Click()
 bool Ausgabebox::TrackZuEnde(bool mitAnspielen) const
 {
     if ((mitAnspielen && chkTracksAnspielen->isChecked()) || !mnuWinPlayerVerwenden->isChecked())
-        return uhrzeit() > TrackEndeZeit;
-    if (FensterMedium)
-        return !WinMediaPlayer || WinMediaPlayer->playState() == Medienspieler::Gestoppt;
+        return uhrzeit() > abspieler().TrackEndeZeit;
+    if (abspieler().FensterMedium)
+        return !abspieler().WinMediaPlayer || abspieler().WinMediaPlayer->playState() == Medienspieler::Gestoppt;
     return MediaPlayer1Spieler->playState() == Medienspieler::Gestoppt;
 }
 
@@ -218,7 +219,7 @@ void Ausgabebox::ListenEndeStoppen()
 {
     QCoreApplication::processEvents();
     warten(500);
-    imgStop_Click();
+    abspieler().imgStop_Click();
 }
 
 bool Ausgabebox::NaechsterTrack()
@@ -363,7 +364,7 @@ void Ausgabebox::Timer1_Timer()
             return;
         Timer1->setEnabled(false);
         if (wahl >= hoechstens) {
-            imgStop_Click();
+            abspieler().imgStop_Click();
             return;
         }
         if (PlaylistModus) {
@@ -403,9 +404,9 @@ void Ausgabebox::Timer1_Timer()
         }
     }
     if (StopGedrueckt)
-        imgStop_Click();
+        abspieler().imgStop_Click();
     else
-        imgStart_Click();
+        abspieler().imgStart_Click();
 }
 
 QString Ausgabebox::LaufschriftText(int phase) const

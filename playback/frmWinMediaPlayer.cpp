@@ -4,6 +4,7 @@
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
 #include "platform/Uhr.h"
+#include "playback/Abspieler.h"
 #include "playback/Zufallswahl.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -177,7 +178,7 @@ void frmWinMediaPlayer::imgVorBack_Click(int index)
             TrackIndex = TrackIndex >= letzte ? 0 : TrackIndex + 1;
         else
             haupt->zufallswahl().TontraegerZufaellig();
-        haupt->MiniPlayerVorBackStart();
+        haupt->abspieler().MiniPlayerVorBackStart();
         break;
     }
     case 3:
@@ -264,7 +265,7 @@ void frmWinMediaPlayer::keyPressEvent(QKeyEvent* e)
 void frmWinMediaPlayer::closeEvent(QCloseEvent* e)
 {
     if (Hauptfenster)
-        Hauptfenster->MiniPlayerStop();
+        Hauptfenster->abspieler().MiniPlayerStop();
     MedienSchliessen();
     QCoreApplication::processEvents();
     if (windowState() & Qt::WindowMinimized) {

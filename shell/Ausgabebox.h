@@ -85,28 +85,7 @@ public:
     // The column arrangement window, then layout and widths (catalogue/Ausgabebox_Spalten.cpp).
     void mnuTabelleAnordnen_Click();
 
-    // ---- Player (playback/Ausgabebox_Transport.cpp, playback/Ausgabebox_Tracks.cpp) ----
-    static const QString Alias; // the one device of sound path one
-    void imgStart_Click();
-    void imgStop_Click();
-    void imgPause_Click();
-    void imgResume_Click();
-    void imgVorBack_Click(int index);
-    void imgPosAB_Click();
-    void TimerPosAB_Timer();
-    void SonderfunktionenAus();
-    // Hands a file to the media player path: the control here, or the window for video
-    // and pictures.
-    void MediaPlayerPfad(const QString& pfad);
-    void cmdPlayAsso_Click();
-    void MiniPlayerVorBackStart();
-    void MiniPlayerStop();
-    void MediaPlayer1_PlayStateChange(int zustand);
-    void MediaPlayer1_MouseDown(Qt::MouseButton knopf);
-    void chkVisualisierung_Click();
-    void chkVollbild_Click();
-    void mnuWinPlayerVerwenden_Click();
-    void SuchenPlaylistTitel();
+    // ---- Track list (playback/Ausgabebox_Tracks.cpp) ----
     void BewertungTracks();
     void imgSongNote_Click(int index);
     void mnuLiedLang_Click();
@@ -116,28 +95,9 @@ public:
     void TextSongAktualisieren();
     // Scrolls the lyrics to the first place of the name, caseless; false when absent.
     bool LiedtextZeigen(const QString& name);
-    // The window for video and pictures, made when first needed.
-    class frmWinMediaPlayer* WinMediaPlayerFenster();
-    // The media player control on the main window shows (on the covers' tab).
-    void MediaPlayer1Zeigen(bool sichtbar);
-    // Over the control while an audio file plays: cover, title and progress.
-    void AudioanzeigeAktualisieren();
 
-    double TrackEndeZeit = 0;
-    QString LaufenderTrack;
-    bool FensterMedium = false;
-    bool WmpPause = false;
-    bool PosAGesetzt = false;
-    int PosA = 0;
-    int PosB = 0;
-    int ResumePosition = 0;
-    int ResumeIndex = 0;
-    QString ResumeOrdner;
     // The column headed "Stil", found anew by each start and each random choice; -1 when none.
     int SpalteStil = -1;
-    bool PlaylistTitelErzwingen = false;
-    bool MediaPlayer1Sichtbar = false;
-    class frmWinMediaPlayer* WinMediaPlayer = nullptr;
     // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
     void mnuStilrichtungAusschliessen_Click();
     void mnuBandAusschliessen_Click();
@@ -185,6 +145,7 @@ public:
     class Katalogdatei& katalogdatei() const { return *m_katalogdatei; }
     class Datensatzbearbeitung& datensatzbearbeitung() const { return *m_datensatzbearbeitung; }
     class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
+    class Abspieler& abspieler() const { return *m_abspieler; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -244,6 +205,7 @@ private:
     class Katalogdatei* m_katalogdatei = nullptr;
     class Datensatzbearbeitung* m_datensatzbearbeitung = nullptr;
     class SqlKonsole* m_sqlKonsole = nullptr;
+    class Abspieler* m_abspieler = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -1,4 +1,5 @@
 // The controls and menus of the main window and their places at design size.
+#include "playback/Abspieler.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensatzbearbeitung.h"
@@ -21,18 +22,18 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QTimer>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTextEdit>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVideoWidget>
 
@@ -147,17 +148,6 @@ void Ausgabebox::EreignisseVerbinden()
         Bez[index]->setBuddy(feld);
 
     // The player.
-    connect(imgStart, &Bildknopf::clicked, this, [this] { imgStart_Click(); });
-    connect(imgStop, &Bildknopf::clicked, this, [this] { imgStop_Click(); });
-    connect(imgStop, &Bildknopf::MouseUp, this, [](Qt::MouseButton) { StopGedrueckt = true; });
-    for (Bildknopf* b : imgPause)
-        connect(b, &Bildknopf::clicked, this, [this] { imgPause_Click(); });
-    connect(imgResume, &Bildknopf::clicked, this, [this] { imgResume_Click(); });
-    for (int i = 0; i < 2; ++i)
-        connect(imgVorBack[i], &Bildknopf::clicked, this, [this, i] { imgVorBack_Click(i); });
-    for (Bildknopf* b : imgPosAB)
-        connect(b, &Bildknopf::clicked, this, [this] { imgPosAB_Click(); });
-    connect(TimerPosAB, &Zeitgeber::Timer, this, [this] { TimerPosAB_Timer(); });
     connect(Timer1, &Zeitgeber::Timer, this, [this] { Timer1_Timer(); });
     connect(Timer2, &Zeitgeber::Timer, this, [this] { Timer2_Timer(); });
     connect(chkAlleTracks, &QCheckBox::clicked, this, [this] { chkAlleTracks_Click(); });
@@ -169,17 +159,10 @@ void Ausgabebox::EreignisseVerbinden()
     lvwPlaylist->installEventFilter(this);
     for (int i = 0; i < 6; ++i)
         connect(imgSongNote[i], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
-    connect(cmdPlayAsso, &QPushButton::clicked, this, [this] { cmdPlayAsso_Click(); });
     connect(cmdInfoTrack, &QPushButton::clicked, this, [this] { cmdInfoTrack_Click(); });
-    connect(chkVisualisierung, &QCheckBox::clicked, this, [this] { chkVisualisierung_Click(); });
-    connect(chkVollbild, &QCheckBox::clicked, this, [this] { chkVollbild_Click(); });
-    connect(mnuWinPlayerVerwenden, &QAction::triggered, this, [this] { mnuWinPlayerVerwenden_Click(); });
     connect(mnuLiedLang, &QAction::triggered, this, [this] { mnuLiedLang_Click(); });
-    connect(MediaPlayer1Spieler, &Medienspieler::PlayStateChange, this,
-            [this](int zustand) { MediaPlayer1_PlayStateChange(zustand); });
-    MediaPlayer1->installEventFilter(this);
     connect(filTrack, &QListWidget::itemClicked, this, [this] { BewertungTracks(); });
-    connect(filTrack, &Dateiliste::DblClick, this, [this] { imgStart_Click(); });
+    connect(filTrack, &Dateiliste::DblClick, this, [this] { abspieler().imgStart_Click(); });
     filTrack->viewport()->installEventFilter(this);
 
     // Tabs choose the pane of the text area.
@@ -203,7 +186,7 @@ void Ausgabebox::TextseiteZeigen()
         imgBildpfad->hide();
         Bild1->hide();
     }
-    MediaPlayer1Zeigen(MediaPlayer1Sichtbar);
+    abspieler().MediaPlayer1Zeigen(abspieler().MediaPlayer1Sichtbar);
     rtfLinks->setVisible(reiter == 2);
     rtfInfo->setVisible(reiter == 3);
     rtfSonstiges->setVisible(reiter == 4);
@@ -222,10 +205,6 @@ bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
         mnuSpaltenkopf->popup(QCursor::pos());
         return true;
     }
-    if (objekt == MediaPlayer1 && ereignis->type() == QEvent::MouseButtonPress) {
-        MediaPlayer1_MouseDown(static_cast<QMouseEvent*>(ereignis)->button());
-        return true;
-    }
     if (objekt == filTrack || objekt == filTrack->viewport()) {
         switch (ereignis->type()) {
         case QEvent::MouseButtonPress:
@@ -242,7 +221,7 @@ bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
             const int taste = static_cast<QKeyEvent*>(ereignis)->key();
             filTrack_Nachlauf();
             if (taste == Qt::Key_Return || taste == Qt::Key_Enter)
-                imgStart_Click();
+                abspieler().imgStart_Click();
             break;
         }
         default:

@@ -16,6 +16,7 @@
 #include "platform/Pfade.h"
 #include "platform/Textdatei.h"
 #include "platform/Uhr.h"
+#include "playback/Abspieler.h"
 #include "playback/Schlafmodus.h"
 #include "playback/Zufallswahl.h"
 #include "shell/Anwendung.h"
@@ -126,6 +127,8 @@ void Ausgabebox::TeileAnlegen()
     m_datensatzbearbeitung->verbinden();
     m_sqlKonsole = new SqlKonsole(*this);
     m_sqlKonsole->verbinden();
+    m_abspieler = new Abspieler(*this);
+    m_abspieler->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

@@ -6,9 +6,10 @@
 #include "catalogue/FlexGrid.h"
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
+#include "playback/Abspieler.h"
 #include "playback/Trackname.h"
-#include "playback/frmWinMediaPlayer.h"
 #include "playback/Zufallswahl.h"
+#include "playback/frmWinMediaPlayer.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -69,7 +70,7 @@ class TestPlayer : public QObject {
     void spielen(int index)
     {
         TrackIndex = index;
-        w->imgStart_Click();
+        w->abspieler().imgStart_Click();
     }
 
 private slots:
@@ -175,16 +176,16 @@ private slots:
         spielen(1);
         QCOMPARE(m.gestartet(), QStringList{musik + "B.ogg"});
         QCOMPARE(panel(), QString("playing:  ") + musik + "B.ogg");
-        QCOMPARE(w->LaufenderTrack, panel());
+        QCOMPARE(w->abspieler().LaufenderTrack, panel());
         QCOMPARE(w->Bez[12]->text(), QString("Tracks && Movies Nr.: 2"));
-        QVERIFY(std::abs(w->TrackEndeZeit - (vorher + 185.0)) < 0.5);
+        QVERIFY(std::abs(w->abspieler().TrackEndeZeit - (vorher + 185.0)) < 0.5);
         QVERIFY(w->filTrack->Selected(1));
         QVERIFY(!w->filTrack->Selected(0));
         // A second start closes the first: one player runs.
         spielen(2);
         QCOMPARE(m.offen.size(), 1);
         QCOMPARE(m.offen.value("myalias"), musik + "C.flac");
-        w->imgStop_Click();
+        w->abspieler().imgStop_Click();
         QCOMPARE(panel(), QString("no play"));
         QVERIFY(m.offen.isEmpty());
         QVERIFY(mp1()->aufrufe.isEmpty()); // the media path was never asked
@@ -213,12 +214,12 @@ private slots:
         starten({"Pause am Meer.mp3"}, true, "Pause");
         spielen(0);
         QVERIFY(panel().contains("Pause"));
-        w->imgPause_Click();
+        w->abspieler().imgPause_Click();
         QVERIFY(Abbruch);
-        QVERIFY(!w->WmpPause);
+        QVERIFY(!w->abspieler().WmpPause);
         QVERIFY(!w->imgPause[0]->isHidden());
         Abbruch = false;
-        w->imgStop_Click();
+        w->abspieler().imgStop_Click();
         QVERIFY(Abbruch);
     }
 
@@ -228,24 +229,24 @@ private slots:
         spielen(1);
         QCOMPARE(mp1()->URL(), musik + "B.mp3");
         QCOMPARE(mp1()->playState(), int(Medienspieler::Spielt));
-        QVERIFY(w->MediaPlayer1Sichtbar);
+        QVERIFY(w->abspieler().MediaPlayer1Sichtbar);
         QVERIFY(!w->cmdInfoTrack->isHidden());
         QCOMPARE(w->Bild1->height(), Px(3195));
-        w->imgPause_Click();
+        w->abspieler().imgPause_Click();
         QCOMPARE(mp1()->playState(), int(Medienspieler::Angehalten));
         QVERIFY(w->imgPause[0]->isHidden());
-        w->imgPause_Click();
+        w->abspieler().imgPause_Click();
         QCOMPARE(mp1()->playState(), int(Medienspieler::Spielt));
         Attrappen::uhr().vorruecken(42000);
-        w->imgStop_Click();
-        QCOMPARE(w->ResumePosition, 42);
-        QCOMPARE(w->ResumeIndex, 1);
-        QCOMPARE(w->ResumeOrdner, musik);
-        QVERIFY(!w->MediaPlayer1Sichtbar);
+        w->abspieler().imgStop_Click();
+        QCOMPARE(w->abspieler().ResumePosition, 42);
+        QCOMPARE(w->abspieler().ResumeIndex, 1);
+        QCOMPARE(w->abspieler().ResumeOrdner, musik);
+        QVERIFY(!w->abspieler().MediaPlayer1Sichtbar);
         QCOMPARE(w->Bild1->height(), Px(4150));
         // Resume starts the kept Track and goes to the kept place.
         TrackIndex = 0;
-        w->imgResume_Click();
+        w->abspieler().imgResume_Click();
         QCOMPARE(mp1()->URL(), musik + "B.mp3");
         QCOMPARE(mp1()->aufrufe.last(), QString("Position 42"));
         QVERIFY(std::abs(mp1()->currentPosition() - 42.0) < 0.5);
@@ -257,25 +258,25 @@ private slots:
     void abSchleifeSpringtZurueck()
     {
         starten({"A.mp3"}, true);
-        w->imgPosAB_Click(); // "no play": nothing
-        QVERIFY(!w->PosAGesetzt);
+        w->abspieler().imgPosAB_Click(); // "no play": nothing
+        QVERIFY(!w->abspieler().PosAGesetzt);
         spielen(0);
         Attrappen::uhr().vorruecken(10000);
-        w->imgPosAB_Click();
-        QVERIFY(w->PosAGesetzt);
-        QCOMPARE(w->PosA, 10);
+        w->abspieler().imgPosAB_Click();
+        QVERIFY(w->abspieler().PosAGesetzt);
+        QCOMPARE(w->abspieler().PosA, 10);
         QVERIFY(!w->imgPosAB[1]->isHidden());
         Attrappen::uhr().vorruecken(20000);
-        w->imgPosAB_Click();
-        QCOMPARE(w->PosB, 30);
+        w->abspieler().imgPosAB_Click();
+        QCOMPARE(w->abspieler().PosB, 30);
         QVERIFY(w->TimerPosAB->isEnabled());
         QVERIFY(!w->imgPosAB[2]->isHidden());
         // Past PosB the timer jumps back to PosA.
         Attrappen::uhr().vorruecken(1000);
         QVERIFY(mp1()->aufrufe.contains("Position 10"));
         QVERIFY(mp1()->currentPosition() < 12.0);
-        w->imgPosAB_Click();
-        QCOMPARE(w->PosA, 0);
+        w->abspieler().imgPosAB_Click();
+        QCOMPARE(w->abspieler().PosA, 0);
         QVERIFY(!w->TimerPosAB->isEnabled());
         QVERIFY(!w->imgPosAB[0]->isHidden());
     }
@@ -284,11 +285,11 @@ private slots:
     {
         starten({"A.mp3", "B.mp3", "C.mp3"}, false);
         spielen(0);
-        w->imgVorBack_Click(0);
+        w->abspieler().imgVorBack_Click(0);
         QCOMPARE(TrackIndex, 2);
-        w->imgVorBack_Click(1);
+        w->abspieler().imgVorBack_Click(1);
         QCOMPARE(TrackIndex, 0);
-        w->imgVorBack_Click(1);
+        w->abspieler().imgVorBack_Click(1);
         QCOMPARE(TrackIndex, 1);
         QCOMPARE(Attrappen::medien().gestartet().last(), musik + "B.mp3");
     }
@@ -298,28 +299,28 @@ private slots:
         starten({"clip.mp4", "foto.png", "lied.mp3"}, true);
         QImage(8, 8, QImage::Format_RGB32).save(musik + "foto.png");
         spielen(0);
-        QVERIFY(w->FensterMedium);
-        QVERIFY(w->WinMediaPlayer);
-        QVERIFY(w->WinMediaPlayer->isVisible());
-        QCOMPARE(w->WinMediaPlayer->URL(), musik + "clip.mp4");
+        QVERIFY(w->abspieler().FensterMedium);
+        QVERIFY(w->abspieler().WinMediaPlayer);
+        QVERIFY(w->abspieler().WinMediaPlayer->isVisible());
+        QCOMPARE(w->abspieler().WinMediaPlayer->URL(), musik + "clip.mp4");
         QVERIFY(mp1()->URL().isEmpty());
         spielen(1);
-        QVERIFY(w->WinMediaPlayer->zeigtBild());
-        QCOMPARE(w->WinMediaPlayer->playState(), int(Medienspieler::Spielt));
+        QVERIFY(w->abspieler().WinMediaPlayer->zeigtBild());
+        QCOMPARE(w->abspieler().WinMediaPlayer->playState(), int(Medienspieler::Spielt));
         Attrappen::uhr().vorruecken(6000);
-        QCOMPARE(w->WinMediaPlayer->playState(), int(Medienspieler::Gestoppt));
+        QCOMPARE(w->abspieler().WinMediaPlayer->playState(), int(Medienspieler::Gestoppt));
         // Audio after a video sounds from the main window; the window keeps standing.
         spielen(2);
-        QVERIFY(!w->FensterMedium);
+        QVERIFY(!w->abspieler().FensterMedium);
         QCOMPARE(mp1()->URL(), musik + "lied.mp3");
-        QVERIFY(w->WinMediaPlayer->URL().isEmpty());
+        QVERIFY(w->abspieler().WinMediaPlayer->URL().isEmpty());
         // The window's own steps: back from the first goes to the last.
         TrackIndex = 0;
-        w->WinMediaPlayer->imgVorBack_Click(0);
+        w->abspieler().WinMediaPlayer->imgVorBack_Click(0);
         QCOMPARE(TrackIndex, 2);
         // Closing the window stops and keeps its place.
-        w->WinMediaPlayer->move(Px(300), Px(600));
-        w->WinMediaPlayer->close();
+        w->abspieler().WinMediaPlayer->move(Px(300), Px(600));
+        w->abspieler().WinMediaPlayer->close();
         QCOMPARE(panel(), QString("no play"));
         QVERIFY(StopGedrueckt);
         QCOMPARE(Lesen("WinMediaPlayerTop"), QString("600"));
@@ -332,10 +333,10 @@ private slots:
         starten({"clip.mp4", "lied.mp3"}, true);
         w->chkAlleTracks->setChecked(true);
         spielen(0);
-        QVERIFY(w->WinMediaPlayer && w->WinMediaPlayer->isVisible());
+        QVERIFY(w->abspieler().WinMediaPlayer && w->abspieler().WinMediaPlayer->isVisible());
         w->mnuSleep->trigger();
         Attrappen::uhr().vorruecken(3000);
-        QPointer<frmWinMediaPlayer> fenster = w->WinMediaPlayer;
+        QPointer<frmWinMediaPlayer> fenster = w->abspieler().WinMediaPlayer;
         w.reset();
         QVERIFY(!fenster || !fenster->isVisible());
     }

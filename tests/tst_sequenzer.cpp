@@ -5,6 +5,7 @@
 
 #include "catalogue/FlexGrid.h"
 #include "platform/Medien.h"
+#include "playback/Abspieler.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -81,7 +82,7 @@ class TestSequenzer : public QObject {
     void spielen(int index)
     {
         TrackIndex = index;
-        w->imgStart_Click();
+        w->abspieler().imgStart_Click();
     }
 
 private slots:
@@ -139,7 +140,7 @@ private slots:
                 einmal = false;
                 // The tick that waits is not entered a second time.
                 w->Timer1_Timer();
-                w->imgPause_Click();
+                w->abspieler().imgPause_Click();
             }
         });
         spielen(0);
@@ -150,7 +151,7 @@ private slots:
         connect(w->staBar, &Statusleiste::PanelGeaendert, this, [&](int nr, const QString& text) {
             if (nr == 2 && text == u"3 Sek. Pause") {
                 StopGedrueckt = true;
-                w->imgStop_Click();
+                w->abspieler().imgStop_Click();
             }
         });
         Attrappen::uhr().vorruecken(60000);
