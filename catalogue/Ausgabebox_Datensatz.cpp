@@ -8,18 +8,19 @@
 #include "media/Rtf.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
+#include "playback/Trackliste.h"
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 #include "shell/Symbole.h"
 
 #include <QComboBox>
 
-#include <cmath>
 #include <QDir>
-#include <QTabBar>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTextEdit>
 #include <QTreeWidget>
+#include <cmath>
 
 void Ausgabebox::GebundeneFelderLaden()
 {
@@ -102,7 +103,7 @@ void Ausgabebox::Data1_Reposition()
     TrackIndex = 0;
     TrackListeLaden();
     // The Track stars belong to the first Track of the new list.
-    BewertungTracks();
+    trackliste().BewertungTracks();
     AnzahlTontraeger();
     // The Track list was loaded just above.
     TabelleEinrichten(false);

@@ -2,6 +2,7 @@
 // and nothing is reported.
 #include "playback/Abspieler.h"
 
+#include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -183,7 +184,7 @@ void Abspieler::imgStart_Click()
             if (treffer) {
                 TrackIndex = treffer;
                 box.lvwPlaylist->setCurrentItem(zeile(treffer));
-                box.BewertungTracks();
+                box.trackliste().BewertungTracks();
                 box.lvwPlaylist->scrollToItem(zeile(treffer));
             } else {
                 if (!box.chkRepeat->isChecked())
@@ -191,7 +192,7 @@ void Abspieler::imgStart_Click()
                 TrackIndex = 1;
                 if (QTreeWidgetItem* erste = zeile(1)) {
                     box.lvwPlaylist->setCurrentItem(erste);
-                    box.BewertungTracks();
+                    box.trackliste().BewertungTracks();
                     box.lvwPlaylist->scrollToItem(erste);
                 }
                 return;
@@ -202,12 +203,12 @@ void Abspieler::imgStart_Click()
         const QString name = z ? z->text(0) : QString();
         if (!wmp) {
             const double laenge = BassTracklaenge(pfad);
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
             MciDateiAbspielen(pfad, Alias);
             warten();
             TrackEndeZeit = uhrzeit() + laenge;
         } else if (endung(name) == u".mov") {
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
             MciDateiAbspielen(pfad, Alias);
             warten();
         } else {
@@ -215,18 +216,18 @@ void Abspieler::imgStart_Click()
         }
         if (box.chkTracksAnspielen->isChecked()) {
             TrackEndeZeit = uhrzeit() + anspielzeit();
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
         }
         box.SpielOrdner = OrdnerAusPfad(pfad);
         box.AktuelleCDanzeigen();
-        box.BewertungTracks();
+        box.trackliste().BewertungTracks();
         box.staBar->setPanelText(2, QStringLiteral("playing:  ") + pfad);
         LaufenderTrack = box.staBar->PanelText(2).trimmed();
         if (box.chkTracksZufaellig->isChecked()) {
             if (TrackIndex >= int(TrackGespielt.size()))
                 TrackGespielt.resize(size_t(TrackIndex) + 1, 0);
             TrackGespielt[size_t(TrackIndex)] = 1;
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
         }
         PlaylistTitelErzwingen = true;
         SuchenPlaylistTitel();
@@ -241,12 +242,12 @@ void Abspieler::imgStart_Click()
                     treffer = i;
             if (treffer >= 0) {
                 TrackIndex = treffer;
-                box.BewertungTracks();
+                box.trackliste().BewertungTracks();
             } else {
                 if (!box.chkRepeat->isChecked())
                     imgStop_Click();
                 TrackIndex = 0;
-                box.BewertungTracks();
+                box.trackliste().BewertungTracks();
                 return;
             }
         }
@@ -258,29 +259,29 @@ void Abspieler::imgStart_Click()
             const double laenge = BassTracklaenge(pfad);
             MciDateiAbspielen(pfad, Alias);
             box.Bez[12]->setText(nummer);
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
             warten();
             TrackEndeZeit = uhrzeit() + laenge;
         } else if (endung(eintrag) == u".mov") {
             MciDateiAbspielen(pfad, Alias);
             box.Bez[12]->setText(nummer);
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
             warten();
         } else {
             MediaPlayerPfad(pfad);
             box.Bez[12]->setText(nummer);
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
             warten();
         }
         if (box.chkTracksZufaellig->isChecked()) {
             if (TrackIndex >= int(TrackGespielt.size()))
                 TrackGespielt.resize(size_t(TrackIndex) + 1, 0);
             TrackGespielt[size_t(TrackIndex)] = 1;
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
         }
         if (box.chkTracksAnspielen->isChecked()) {
             TrackEndeZeit = uhrzeit() + anspielzeit();
-            box.BewertungTracks();
+            box.trackliste().BewertungTracks();
         }
         box.SpielOrdner = box.TextMusikpfad->text();
         LaufenderTrack = QStringLiteral("playing:  ") + box.TextMusikpfad->text() + eintrag;
@@ -291,7 +292,7 @@ void Abspieler::imgStart_Click()
         box.Bild1->resize(box.Bild1->width(), Px(3195));
         box.imgBildpfad->resize(box.imgBildpfad->width(), Px(3195));
     }
-    box.TextSongAktualisieren();
+    box.trackliste().TextSongAktualisieren();
 }
 
 void Abspieler::MediaPlayerPfad(const QString& pfad)

@@ -2,6 +2,7 @@
 // passes over excluded Carriers, waits and starts it; the six mode boxes keep themselves
 // in legal combinations; Timer2 writes the running title into the minimised caption.
 #include "playback/Abspieler.h"
+#include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
 
 #include "playback/Zufallswahl.h"
@@ -382,7 +383,7 @@ void Ausgabebox::Timer1_Timer()
         }
         if (zufallswahl().TontraegerAusgeschlossen())
             continue;
-        TextSongAktualisieren();
+        trackliste().TextSongAktualisieren();
         break;
     }
 

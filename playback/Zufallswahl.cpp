@@ -1,5 +1,6 @@
 #include "playback/Zufallswahl.h"
 
+#include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -170,7 +171,7 @@ void Zufallswahl::TrackZufaellig()
     if (track != 0)
         box.filTrack->setSelected(0, false);
     // The current Track changed: its stars, not those of the first one.
-    box.BewertungTracks();
+    box.trackliste().BewertungTracks();
 }
 
 void Zufallswahl::PlaylistZeileZufaellig()

@@ -85,17 +85,6 @@ public:
     // The column arrangement window, then layout and widths (catalogue/Ausgabebox_Spalten.cpp).
     void mnuTabelleAnordnen_Click();
 
-    // ---- Track list (playback/Ausgabebox_Tracks.cpp) ----
-    void BewertungTracks();
-    void imgSongNote_Click(int index);
-    void mnuLiedLang_Click();
-    void cmdInfoTrack_Click();
-    // What follows a key or the mouse in the Track list.
-    void filTrack_Nachlauf();
-    void TextSongAktualisieren();
-    // Scrolls the lyrics to the first place of the name, caseless; false when absent.
-    bool LiedtextZeigen(const QString& name);
-
     // The column headed "Stil", found anew by each start and each random choice; -1 when none.
     int SpalteStil = -1;
     // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
@@ -146,6 +135,7 @@ public:
     class Datensatzbearbeitung& datensatzbearbeitung() const { return *m_datensatzbearbeitung; }
     class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
     class Abspieler& abspieler() const { return *m_abspieler; }
+    class Trackliste& trackliste() const { return *m_trackliste; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -206,6 +196,7 @@ private:
     class Datensatzbearbeitung* m_datensatzbearbeitung = nullptr;
     class SqlKonsole* m_sqlKonsole = nullptr;
     class Abspieler* m_abspieler = nullptr;
+    class Trackliste* m_trackliste = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

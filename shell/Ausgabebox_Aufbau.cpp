@@ -135,7 +135,6 @@ void Ausgabebox::EreignisseVerbinden()
                 m_geaenderteTexte.insert(t);
         });
     }
-    filTrack->installEventFilter(this);
 
     // Label captions keep "&&" for a literal "&", as captions with an access key do.
     const std::pair<int, QWidget*> partner[] = {
@@ -157,13 +156,6 @@ void Ausgabebox::EreignisseVerbinden()
     connect(mnuPauseZwischenTracks, &QAction::triggered, this, [this] { mnuPauseZwischenTracks_Click(); });
     connect(mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
     lvwPlaylist->installEventFilter(this);
-    for (int i = 0; i < 6; ++i)
-        connect(imgSongNote[i], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
-    connect(cmdInfoTrack, &QPushButton::clicked, this, [this] { cmdInfoTrack_Click(); });
-    connect(mnuLiedLang, &QAction::triggered, this, [this] { mnuLiedLang_Click(); });
-    connect(filTrack, &QListWidget::itemClicked, this, [this] { BewertungTracks(); });
-    connect(filTrack, &Dateiliste::DblClick, this, [this] { abspieler().imgStart_Click(); });
-    filTrack->viewport()->installEventFilter(this);
 
     // Tabs choose the pane of the text area.
     connect(tabTexte, &QTabBar::currentChanged, this, [this](int) { TextseiteZeigen(); });
@@ -205,39 +197,11 @@ bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
         mnuSpaltenkopf->popup(QCursor::pos());
         return true;
     }
-    if (objekt == filTrack || objekt == filTrack->viewport()) {
-        switch (ereignis->type()) {
-        case QEvent::MouseButtonPress:
-            if (static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton) {
-                mnuExtras->setDefaultAction(mnuInPlaylistAufnehmen);
-                mnuExtras->popup(QCursor::pos());
-                return true;
-            }
-            break;
-        case QEvent::MouseButtonRelease:
-            QTimer::singleShot(0, this, [this] { filTrack_Nachlauf(); });
-            break;
-        case QEvent::KeyRelease: {
-            const int taste = static_cast<QKeyEvent*>(ereignis)->key();
-            filTrack_Nachlauf();
-            if (taste == Qt::Key_Return || taste == Qt::Key_Enter)
-                abspieler().imgStart_Click();
-            break;
-        }
-        default:
-            break;
-        }
-    }
     if (objekt == lvwPlaylist && ereignis->type() == QEvent::FocusIn)
         // A row n of the playlist uses mark n; mark 0 stays free.
         TrackGespielt.assign(size_t(lvwPlaylist->topLevelItemCount()) + 1, 0);
     if (ereignis->type() == QEvent::FocusIn) {
-        if (objekt == filTrack) {
-            AktivesFeld = QStringLiteral("filTrack");
-            if (!chkMarkTracks->isChecked())
-                TrackIndex = std::max(0, filTrack->ListIndex());
-            BewertungTracks();
-        } else if (auto* text = qobject_cast<QTextEdit*>(objekt)) {
+        if (auto* text = qobject_cast<QTextEdit*>(objekt)) {
             AktivesFeld = text->objectName();
             AktivesTextfeld = text->objectName();
             mnuSchrift->setEnabled(true);

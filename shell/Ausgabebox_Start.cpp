@@ -18,6 +18,7 @@
 #include "platform/Uhr.h"
 #include "playback/Abspieler.h"
 #include "playback/Schlafmodus.h"
+#include "playback/Trackliste.h"
 #include "playback/Zufallswahl.h"
 #include "shell/Anwendung.h"
 #include "shell/Einstellungen.h"
@@ -129,6 +130,8 @@ void Ausgabebox::TeileAnlegen()
     m_sqlKonsole->verbinden();
     m_abspieler = new Abspieler(*this);
     m_abspieler->verbinden();
+    m_trackliste = new Trackliste(*this);
+    m_trackliste->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

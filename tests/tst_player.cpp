@@ -1,5 +1,6 @@
 // The transport and the Track ratings: start on both sound paths, stop, pause, resume,
 // steps, the A-B loop, the media window, and the rating in a file name.
+#include "playback/Trackliste.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -111,7 +112,7 @@ private slots:
         QCOMPARE(TrackIndex, eintrag("Heft - 2.pdf"));
         QCOMPARE(helleSterne(w->imgSongNote), 2);
         TrackIndex = eintrag("Heft - 2.pdf");
-        w->imgSongNote_Click(3);
+        w->trackliste().imgSongNote_Click(3);
         QVERIFY(QFile::exists(musik + "Heft - 2.pdf"));
         QVERIFY(IstMedienname("a.MKV") && IstMedienname("b.wma") && !IstMedienname("c.jpg") && !IstMedienname("mp3"));
 
@@ -121,7 +122,7 @@ private slots:
         QDir::setCurrent(musik + "..");
         w->TextMusikpfad->setText("Abba/");
         TrackIndex = eintrag("Erstes - 5.mp3");
-        w->imgSongNote_Click(1);
+        w->trackliste().imgSongNote_Click(1);
         QVERIFY(QFile::exists(musik + "Erstes - 5.mp3"));
         w->TrackListeLaden();
         QDir::setCurrent(vorher);
@@ -136,16 +137,16 @@ private slots:
         QCOMPARE(w->filTrack->List(0), QString("Live - 1999.mp3"));
         QCOMPARE(w->filTrack->List(1), QString("ohne")); // sorted without regard to case
         TrackIndex = 0;
-        w->BewertungTracks();
+        w->trackliste().BewertungTracks();
         QCOMPARE(helleSterne(w->imgSongNote), 0);
-        w->imgSongNote_Click(1);
+        w->trackliste().imgSongNote_Click(1);
         QVERIFY(QFile::exists(musik + "Live - 1999 - 2.mp3"));
         QVERIFY(!QFile::exists(musik + "Live - 1999.mp3"));
         QCOMPARE(w->filTrack->List(0), QString("Live - 1999 - 2.mp3"));
         QCOMPARE(helleSterne(w->imgSongNote), 2);
 
         TrackIndex = eintrag("Song - 3.mp3");
-        w->imgSongNote_Click(4);
+        w->trackliste().imgSongNote_Click(4);
         QVERIFY(QFile::exists(musik + "Song - 5.mp3"));
         QCOMPARE(helleSterne(w->imgSongNote), 5);
 
@@ -153,16 +154,16 @@ private slots:
         for (Bildfeld* s : w->imgCDnote)
             s->setBild(w->imgSternGrau->Bild());
         TrackIndex = eintrag("Side - 7.mp3");
-        w->BewertungTracks();
+        w->trackliste().BewertungTracks();
         QCOMPARE(helleSterne(w->imgSongNote), 0);
         QCOMPARE(helleSterne(w->imgCDnote), 0);
         TrackIndex = eintrag("Song - 5.mp3");
-        w->BewertungTracks();
+        w->trackliste().BewertungTracks();
         QCOMPARE(helleSterne(w->imgCDnote), 4);
 
         // A name without a dot changes nothing.
         TrackIndex = eintrag("ohne");
-        w->imgSongNote_Click(2);
+        w->trackliste().imgSongNote_Click(2);
         QVERIFY(QFile::exists(musik + "ohne"));
         QCOMPARE(QDir(musik).entryList(QDir::Files).size(), 4);
     }
@@ -346,13 +347,13 @@ private slots:
         starten({"'Extern.mp3", "Lied.mp3"}, false);
         Attrappen::medien().laengen.insert(musik + "Lied.mp3", 185.0);
         TrackIndex = 1;
-        w->mnuLiedLang_Click();
+        w->trackliste().mnuLiedLang_Click();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.last().text, QString("Lied.mp3\n\n3:05 min"));
         QCOMPARE(m.last().titel, QString("Liedlänge messen"));
         QFile::remove(musik + "Lied.mp3");
         Attrappen::medien().laengen.clear();
-        w->mnuLiedLang_Click();
+        w->trackliste().mnuLiedLang_Click();
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("Lied.mp3\n\n0:-01 min"));
         // An apostrophe at the start hands the file to its own program.
         spielen(0);

@@ -1,9 +1,11 @@
-// The Track list and the ratings in file names: " - " and a digit from 1 to 6 directly
-// before the extension. Errors are ignored, as everywhere in the player.
+// Errors are ignored here, as everywhere in the player.
+#include "playback/Trackliste.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Medien.h"
+#include "playback/Abspieler.h"
 #include "playback/Trackname.h"
 #include "playback/modPlatten.h"
 #include "shell/Globale.h"
@@ -11,10 +13,16 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
 #include <QSet>
 #include <QTextEdit>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -71,33 +79,79 @@ bool IstMedienname(const QString& name)
     return punkt >= 0 && endungen.contains(name.mid(punkt + 1).trimmed().toLower());
 }
 
-void Ausgabebox::BewertungTracks()
+void Trackliste::verbinden()
+{
+    box.filTrack->installEventFilter(this);
+    for (int i = 0; i < 6; ++i)
+        connect(box.imgSongNote[i], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
+    connect(box.cmdInfoTrack, &QPushButton::clicked, this, [this] { cmdInfoTrack_Click(); });
+    connect(box.mnuLiedLang, &QAction::triggered, this, [this] { mnuLiedLang_Click(); });
+    connect(box.filTrack, &QListWidget::itemClicked, this, [this] { BewertungTracks(); });
+    connect(box.filTrack, &Dateiliste::DblClick, this, [this] { box.abspieler().imgStart_Click(); });
+    box.filTrack->viewport()->installEventFilter(this);
+}
+
+bool Trackliste::eventFilter(QObject* objekt, QEvent* ereignis)
+{
+    if (objekt == box.filTrack || objekt == box.filTrack->viewport()) {
+        switch (ereignis->type()) {
+        case QEvent::MouseButtonPress:
+            if (static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton) {
+                box.mnuExtras->setDefaultAction(box.mnuInPlaylistAufnehmen);
+                box.mnuExtras->popup(QCursor::pos());
+                return true;
+            }
+            break;
+        case QEvent::MouseButtonRelease:
+            QTimer::singleShot(0, this, [this] { filTrack_Nachlauf(); });
+            break;
+        case QEvent::KeyRelease: {
+            const int taste = static_cast<QKeyEvent*>(ereignis)->key();
+            filTrack_Nachlauf();
+            if (taste == Qt::Key_Return || taste == Qt::Key_Enter)
+                box.abspieler().imgStart_Click();
+            break;
+        }
+        default:
+            break;
+        }
+    }
+    if (ereignis->type() == QEvent::FocusIn && objekt == box.filTrack) {
+        box.AktivesFeld = QStringLiteral("filTrack");
+        if (!box.chkMarkTracks->isChecked())
+            TrackIndex = std::max(0, box.filTrack->ListIndex());
+        BewertungTracks();
+    }
+    return Teilbereich::eventFilter(objekt, ereignis);
+}
+
+void Trackliste::BewertungTracks()
 {
     QString name;
     if (PlaylistModus) {
-        if (QTreeWidgetItem* zeile = lvwPlaylist->currentItem())
+        if (QTreeWidgetItem* zeile = box.lvwPlaylist->currentItem())
             name = zeile->text(0);
     } else {
-        name = filTrack->List(TrackIndex);
+        name = box.filTrack->List(TrackIndex);
     }
-    for (Bildfeld* s : imgSongNote)
-        s->setBild(imgSternGrau->Bild());
+    for (Bildfeld* s : box.imgSongNote)
+        s->setBild(box.imgSternGrau->Bild());
     const int sterne = sterneImNamen(name);
     // A digit above 6 ends here: the Carrier's stars stay as they are.
     if (sterne < 0)
         return;
     for (int i = 0; i < sterne; ++i)
-        imgSongNote[i]->setBild(imgStern->Bild());
-    CDSterneZeichnen();
+        box.imgSongNote[i]->setBild(box.imgStern->Bild());
+    box.CDSterneZeichnen();
 }
 
-void Ausgabebox::imgSongNote_Click(int index)
+void Trackliste::imgSongNote_Click(int index)
 {
     // The entry of filTrack, also while a playlist is the source: this reach stands.
-    const QString eintrag = filTrack->List(TrackIndex);
+    const QString eintrag = box.filTrack->List(TrackIndex);
     if (!eintrag.contains(u'.') || !IstMedienname(eintrag))
         return;
-    const QString ordner = TextMusikpfad->text().trimmed();
+    const QString ordner = box.TextMusikpfad->text().trimmed();
     // A relative path would name a file below wherever the program was started.
     if (!QDir::isAbsolutePath(ordner))
         return;
@@ -105,22 +159,22 @@ void Ausgabebox::imgSongNote_Click(int index)
     // A file in use or a name taken fails in silence, with the old name and stars.
     QDir().rename(ordner + eintrag.trimmed(), ordner + neu);
     QCoreApplication::processEvents();
-    filTrack->Refresh();
+    box.filTrack->Refresh();
     BewertungTracks();
 }
 
-void Ausgabebox::mnuLiedLang_Click()
+void Trackliste::mnuLiedLang_Click()
 {
     QString pfad;
     QString name;
     if (PlaylistModus) {
-        if (QTreeWidgetItem* zeile = lvwPlaylist->topLevelItem(TrackIndex - 1)) {
+        if (QTreeWidgetItem* zeile = box.lvwPlaylist->topLevelItem(TrackIndex - 1)) {
             pfad = zeile->text(2) + zeile->text(1) + zeile->text(0);
             name = zeile->text(0);
         }
     } else {
-        name = filTrack->List(TrackIndex);
-        pfad = TextMusikpfad->text() + name;
+        name = box.filTrack->List(TrackIndex);
+        pfad = box.TextMusikpfad->text() + name;
     }
     const int s = int(std::lround(BassTracklaenge(pfad)));
     // A failed measurement is -1 s: it shows as "0:-01 min".
@@ -130,51 +184,51 @@ void Ausgabebox::mnuLiedLang_Click()
             QStringLiteral("Liedlänge messen"), 0);
 }
 
-void Ausgabebox::cmdInfoTrack_Click()
+void Trackliste::cmdInfoTrack_Click()
 {
-    const QString url = MediaPlayer1Spieler->URL();
+    const QString url = box.MediaPlayer1Spieler->URL();
     QString text = QStringLiteral("Name = ") + QFileInfo(url).completeBaseName() + QStringLiteral("\nLänge = ")
-        + dauerText(MediaPlayer1Spieler->duration()) + QStringLiteral(" Min.\n\n");
-    const auto attribute = MediaPlayer1Spieler->attribute();
+        + dauerText(box.MediaPlayer1Spieler->duration()) + QStringLiteral(" Min.\n\n");
+    const auto attribute = box.MediaPlayer1Spieler->attribute();
     for (int i = 0; i < attribute.size(); ++i)
         text += QString::number(i) + QStringLiteral(" - ") + attribute[i].first + QStringLiteral(" = ")
             + attribute[i].second + u'\n';
     MsgNimb(text, 1, 0, QStringLiteral("Track-Info"), 0);
 }
 
-void Ausgabebox::filTrack_Nachlauf()
+void Trackliste::filTrack_Nachlauf()
 {
     PlaylistModus = false;
-    if (!chkMarkTracks->isChecked())
-        TrackIndex = std::max(0, filTrack->ListIndex());
+    if (!box.chkMarkTracks->isChecked())
+        TrackIndex = std::max(0, box.filTrack->ListIndex());
     BewertungTracks();
-    if (!txtSongText->isVisible())
+    if (!box.txtSongText->isVisible())
         return;
     // The name without a rating and a three-letter extension.
-    QString name = filTrack->List(TrackIndex);
+    QString name = box.filTrack->List(TrackIndex);
     name.chop(8);
     if (LiedtextZeigen(name))
         QCoreApplication::processEvents();
 }
 
-void Ausgabebox::TextSongAktualisieren()
+void Trackliste::TextSongAktualisieren()
 {
-    if (txtSongText->isVisible())
-        LiedtextZeigen(filTrack->List(TrackIndex));
+    if (box.txtSongText->isVisible())
+        LiedtextZeigen(box.filTrack->List(TrackIndex));
 }
 
-bool Ausgabebox::LiedtextZeigen(const QString& name)
+bool Trackliste::LiedtextZeigen(const QString& name)
 {
     // The caret at the end first, then at the place: the name then stands high up.
-    QTextCursor c(txtSongText->document());
+    QTextCursor c(box.txtSongText->document());
     c.movePosition(QTextCursor::End);
-    txtSongText->setTextCursor(c);
+    box.txtSongText->setTextCursor(c);
     if (name.isEmpty())
         return false;
-    const qsizetype stelle = txtSongText->toPlainText().indexOf(name, 0, Qt::CaseInsensitive);
+    const qsizetype stelle = box.txtSongText->toPlainText().indexOf(name, 0, Qt::CaseInsensitive);
     if (stelle < 0)
         return false;
     c.setPosition(int(stelle));
-    txtSongText->setTextCursor(c);
+    box.txtSongText->setTextCursor(c);
     return true;
 }
