@@ -95,28 +95,6 @@ public:
 
 
 
-    // ---- Sequencer (playback/Ausgabebox_Sequenzer.cpp) ----
-    void Timer1_Timer();
-    void Timer2_Timer();
-    void chkAlleTracks_Click();
-    void chkMarkTracks_Click();
-    void chkShuffle_Click();
-    void chkTracksAnspielen_Click();
-    void mnuPauseZwischenTracks_Click();
-    void mnuLaufschrift_Click();
-    // Sets a mode box; a real change runs its handler, as a click would.
-    void ModusSetzen(QCheckBox* kasten, bool an);
-    // The running Track is over: by the clock on path one and in sampling, else by the
-    // play state of the control that has it.
-    bool TrackZuEnde(bool mitAnspielen) const;
-    // The next item; false when the list ended and the transport was stopped.
-    bool NaechsterTrack();
-    bool ZufallsTrack();
-    bool PlaylistZeileWaehlen();
-    void ListenEndeStoppen();
-    // The text of one phase of the running title.
-    QString LaufschriftText(int phase) const;
-
     // ---- Filled in by later subsystems ----
     void CoverListeAktuell();
     void CoverAktualisieren();
@@ -136,6 +114,7 @@ public:
     class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
     class Abspieler& abspieler() const { return *m_abspieler; }
     class Trackliste& trackliste() const { return *m_trackliste; }
+    class Sequenzer& sequenzer() const { return *m_sequenzer; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -184,9 +163,6 @@ private:
     bool m_gebundenLaden = false; // the record fills the controls, no edit
     bool m_entladen = false;
     bool m_fensterSchliessenLaeuft = false;
-    bool m_timer1Laeuft = false;
-    bool m_timer2Laeuft = false;
-    int m_laufschriftPhase = 0;
     class Einzelinstanz* m_instanz = nullptr;
     // The parts, children of the window made after its controls.
     void TeileAnlegen();
@@ -197,6 +173,7 @@ private:
     class SqlKonsole* m_sqlKonsole = nullptr;
     class Abspieler* m_abspieler = nullptr;
     class Trackliste* m_trackliste = nullptr;
+    class Sequenzer* m_sequenzer = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -147,14 +147,6 @@ void Ausgabebox::EreignisseVerbinden()
         Bez[index]->setBuddy(feld);
 
     // The player.
-    connect(Timer1, &Zeitgeber::Timer, this, [this] { Timer1_Timer(); });
-    connect(Timer2, &Zeitgeber::Timer, this, [this] { Timer2_Timer(); });
-    connect(chkAlleTracks, &QCheckBox::clicked, this, [this] { chkAlleTracks_Click(); });
-    connect(chkMarkTracks, &QCheckBox::clicked, this, [this] { chkMarkTracks_Click(); });
-    connect(chkShuffle, &QCheckBox::clicked, this, [this] { chkShuffle_Click(); });
-    connect(chkTracksAnspielen, &QCheckBox::clicked, this, [this] { chkTracksAnspielen_Click(); });
-    connect(mnuPauseZwischenTracks, &QAction::triggered, this, [this] { mnuPauseZwischenTracks_Click(); });
-    connect(mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
     lvwPlaylist->installEventFilter(this);
 
     // Tabs choose the pane of the text area.

@@ -18,6 +18,7 @@
 #include "platform/Uhr.h"
 #include "playback/Abspieler.h"
 #include "playback/Schlafmodus.h"
+#include "playback/Sequenzer.h"
 #include "playback/Trackliste.h"
 #include "playback/Zufallswahl.h"
 #include "shell/Anwendung.h"
@@ -132,6 +133,8 @@ void Ausgabebox::TeileAnlegen()
     m_abspieler->verbinden();
     m_trackliste = new Trackliste(*this);
     m_trackliste->verbinden();
+    m_sequenzer = new Sequenzer(*this);
+    m_sequenzer->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

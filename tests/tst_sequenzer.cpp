@@ -6,6 +6,7 @@
 #include "catalogue/FlexGrid.h"
 #include "platform/Medien.h"
 #include "playback/Abspieler.h"
+#include "playback/Sequenzer.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -70,13 +71,13 @@ class TestSequenzer : public QObject {
     {
         kasten->setChecked(!kasten->isChecked());
         if (kasten == w->chkAlleTracks)
-            w->chkAlleTracks_Click();
+            w->sequenzer().chkAlleTracks_Click();
         else if (kasten == w->chkMarkTracks)
-            w->chkMarkTracks_Click();
+            w->sequenzer().chkMarkTracks_Click();
         else if (kasten == w->chkShuffle)
-            w->chkShuffle_Click();
+            w->sequenzer().chkShuffle_Click();
         else if (kasten == w->chkTracksAnspielen)
-            w->chkTracksAnspielen_Click();
+            w->sequenzer().chkTracksAnspielen_Click();
     }
 
     void spielen(int index)
@@ -139,7 +140,7 @@ private slots:
             if (nr == 2 && text == u"4 Sek. Pause" && einmal) {
                 einmal = false;
                 // The tick that waits is not entered a second time.
-                w->Timer1_Timer();
+                w->sequenzer().Timer1_Timer();
                 w->abspieler().imgPause_Click();
             }
         });
@@ -296,10 +297,10 @@ private slots:
         // The wait between Tracks, with its question above 60 seconds.
         Attrappen::dialoge().antwortenInput << "90" << "75";
         Attrappen::dialoge().antwortenMsg << "Nein" << "Ja";
-        w->mnuPauseZwischenTracks_Click();
+        w->sequenzer().mnuPauseZwischenTracks_Click();
         QCOMPARE(Lesen("PauseZwischenTracks"), QString("75"));
         Attrappen::dialoge().antwortenInput << "60";
-        w->mnuPauseZwischenTracks_Click();
+        w->sequenzer().mnuPauseZwischenTracks_Click();
         QCOMPARE(Lesen("PauseZwischenTracks"), QString("60"));
         w->mnuLaufschrift->trigger();
         QCOMPARE(Lesen("Laufschrift"), QString("aus"));

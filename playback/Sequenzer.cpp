@@ -1,16 +1,14 @@
-// The sequencer: the tick of Timer1 finds the end of a track, chooses the next one,
-// passes over excluded Carriers, waits and starts it; the six mode boxes keep themselves
-// in legal combinations; Timer2 writes the running title into the minimised caption.
-#include "playback/Abspieler.h"
-#include "playback/Trackliste.h"
-#include "shell/Ausgabebox.h"
+#include "playback/Sequenzer.h"
 
-#include "playback/Zufallswahl.h"
+#include "shell/Ausgabebox.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Medien.h"
 #include "platform/Uhr.h"
+#include "playback/Abspieler.h"
+#include "playback/Trackliste.h"
+#include "playback/Zufallswahl.h"
 #include "playback/frmWinMediaPlayer.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -57,111 +55,123 @@ struct Sperre {
 
 } // namespace
 
-void Ausgabebox::ModusSetzen(QCheckBox* kasten, bool an)
+void Sequenzer::verbinden()
+{
+    connect(box.Timer1, &Zeitgeber::Timer, this, [this] { Timer1_Timer(); });
+    connect(box.Timer2, &Zeitgeber::Timer, this, [this] { Timer2_Timer(); });
+    connect(box.chkAlleTracks, &QCheckBox::clicked, this, [this] { chkAlleTracks_Click(); });
+    connect(box.chkMarkTracks, &QCheckBox::clicked, this, [this] { chkMarkTracks_Click(); });
+    connect(box.chkShuffle, &QCheckBox::clicked, this, [this] { chkShuffle_Click(); });
+    connect(box.chkTracksAnspielen, &QCheckBox::clicked, this, [this] { chkTracksAnspielen_Click(); });
+    connect(box.mnuPauseZwischenTracks, &QAction::triggered, this, [this] { mnuPauseZwischenTracks_Click(); });
+    connect(box.mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
+}
+
+void Sequenzer::ModusSetzen(QCheckBox* kasten, bool an)
 {
     // A value changed by a handler fires the handler of that box, as a click would.
     if (kasten->isChecked() == an)
         return;
     kasten->setChecked(an);
-    if (kasten == chkAlleTracks)
+    if (kasten == box.chkAlleTracks)
         chkAlleTracks_Click();
-    else if (kasten == chkMarkTracks)
+    else if (kasten == box.chkMarkTracks)
         chkMarkTracks_Click();
-    else if (kasten == chkShuffle)
+    else if (kasten == box.chkShuffle)
         chkShuffle_Click();
-    else if (kasten == chkTracksAnspielen)
+    else if (kasten == box.chkTracksAnspielen)
         chkTracksAnspielen_Click();
 }
 
-void Ausgabebox::chkAlleTracks_Click()
+void Sequenzer::chkAlleTracks_Click()
 {
-    if (chkAlleTracks->isChecked()) {
-        chkRepeat->setEnabled(true);
-        ModusSetzen(chkShuffle, false);
-        chkShuffle->setEnabled(false);
-        chkTracksZufaellig->setEnabled(true);
-        chkTracksAnspielen->setEnabled(true);
-        ModusSetzen(chkMarkTracks, false);
-        chkMarkTracks->setEnabled(false);
+    if (box.chkAlleTracks->isChecked()) {
+        box.chkRepeat->setEnabled(true);
+        ModusSetzen(box.chkShuffle, false);
+        box.chkShuffle->setEnabled(false);
+        box.chkTracksZufaellig->setEnabled(true);
+        box.chkTracksAnspielen->setEnabled(true);
+        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setEnabled(false);
     } else {
-        ModusSetzen(chkRepeat, false);
-        chkRepeat->setEnabled(false);
-        chkShuffle->setEnabled(true);
-        chkTracksZufaellig->setEnabled(false);
-        chkTracksAnspielen->setEnabled(false);
-        ModusSetzen(chkMarkTracks, false);
-        chkMarkTracks->setEnabled(true);
-        Timer1->setEnabled(false);
+        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setEnabled(false);
+        box.chkShuffle->setEnabled(true);
+        box.chkTracksZufaellig->setEnabled(false);
+        box.chkTracksAnspielen->setEnabled(false);
+        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setEnabled(true);
+        box.Timer1->setEnabled(false);
     }
 }
 
-void Ausgabebox::chkMarkTracks_Click()
+void Sequenzer::chkMarkTracks_Click()
 {
-    if (chkMarkTracks->isChecked()) {
-        ModusSetzen(chkAlleTracks, false);
-        chkAlleTracks->setEnabled(false);
-        ModusSetzen(chkRepeat, false);
-        chkRepeat->setEnabled(true);
-        ModusSetzen(chkShuffle, false);
-        chkShuffle->setEnabled(false);
-        ModusSetzen(chkTracksZufaellig, false);
-        chkTracksZufaellig->setEnabled(false);
-        chkTracksAnspielen->setEnabled(true);
+    if (box.chkMarkTracks->isChecked()) {
+        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setEnabled(false);
+        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setEnabled(true);
+        ModusSetzen(box.chkShuffle, false);
+        box.chkShuffle->setEnabled(false);
+        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setEnabled(false);
+        box.chkTracksAnspielen->setEnabled(true);
         TrackIndex = 0;
     } else {
-        ModusSetzen(chkAlleTracks, false);
-        chkAlleTracks->setEnabled(true);
-        ModusSetzen(chkRepeat, false);
-        chkRepeat->setEnabled(false);
-        ModusSetzen(chkShuffle, false);
-        chkShuffle->setEnabled(true);
-        ModusSetzen(chkTracksZufaellig, false);
-        chkTracksZufaellig->setEnabled(false);
-        ModusSetzen(chkTracksAnspielen, false);
-        chkTracksAnspielen->setEnabled(false);
-        Timer1->setEnabled(false);
+        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setEnabled(true);
+        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setEnabled(false);
+        ModusSetzen(box.chkShuffle, false);
+        box.chkShuffle->setEnabled(true);
+        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setEnabled(false);
+        ModusSetzen(box.chkTracksAnspielen, false);
+        box.chkTracksAnspielen->setEnabled(false);
+        box.Timer1->setEnabled(false);
     }
 }
 
-void Ausgabebox::chkShuffle_Click()
+void Sequenzer::chkShuffle_Click()
 {
-    if (chkShuffle->isChecked()) {
-        ModusSetzen(chkAlleTracks, false);
-        chkAlleTracks->setEnabled(false);
-        ModusSetzen(chkRepeat, false);
-        chkRepeat->setEnabled(false);
-        ModusSetzen(chkTracksZufaellig, false);
-        chkTracksZufaellig->setEnabled(false);
-        chkTracksAnspielen->setEnabled(true);
-        ModusSetzen(chkMarkTracks, false);
-        chkMarkTracks->setEnabled(false);
+    if (box.chkShuffle->isChecked()) {
+        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setEnabled(false);
+        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setEnabled(false);
+        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setEnabled(false);
+        box.chkTracksAnspielen->setEnabled(true);
+        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setEnabled(false);
         const QString antwort =
             InputNimb(QStringLiteral("Bei der Shuffle-Funktion können Sie pro Datenträger mehrere Songs abspielen "
                                      "lassen!\n\nWieviele Songs pro Datenträger abspielen?"),
                       QStringLiteral("Songs pro Datenträger"), Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1")));
         if (!antwort.isEmpty()) {
             Speichern(QStringLiteral("ShuffleSongProCD"), antwort);
-            ShuffleSongProCD = int(wert(antwort));
+            box.ShuffleSongProCD = int(wert(antwort));
         }
     } else {
-        ModusSetzen(chkAlleTracks, false);
-        chkAlleTracks->setEnabled(true);
-        ModusSetzen(chkRepeat, false);
-        chkRepeat->setEnabled(false);
-        ModusSetzen(chkTracksZufaellig, false);
-        chkTracksZufaellig->setEnabled(false);
-        chkTracksAnspielen->setEnabled(false);
-        ModusSetzen(chkMarkTracks, false);
-        chkMarkTracks->setEnabled(true);
-        SongZaehler = 1;
-        Timer1->setEnabled(false);
-        abspieler().imgStop_Click();
+        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setEnabled(true);
+        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setEnabled(false);
+        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setEnabled(false);
+        box.chkTracksAnspielen->setEnabled(false);
+        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setEnabled(true);
+        box.SongZaehler = 1;
+        box.Timer1->setEnabled(false);
+        box.abspieler().imgStop_Click();
     }
 }
 
-void Ausgabebox::chkTracksAnspielen_Click()
+void Sequenzer::chkTracksAnspielen_Click()
 {
-    if (!chkTracksAnspielen->isChecked())
+    if (!box.chkTracksAnspielen->isChecked())
         return;
     const QString antwort = InputNimb(
         QStringLiteral("Wie lange soll der Track angespielt werden?\n\nDefault (Sek.) = 10"),
@@ -172,7 +182,7 @@ void Ausgabebox::chkTracksAnspielen_Click()
     const double sekunden = antwort.toDouble(&zahl);
     if (zahl && sekunden < 2) {
         MsgNimb(QStringLiteral("Mindestanspielzeit ist 2 Sekunden"), 1, 0, QStringLiteral("Sicherheitshinweis"), 0);
-        ModusSetzen(chkTracksAnspielen, false);
+        ModusSetzen(box.chkTracksAnspielen, false);
         return;
     }
     Speichern(QStringLiteral("TracksAnspielen"), antwort);
@@ -180,7 +190,7 @@ void Ausgabebox::chkTracksAnspielen_Click()
     Speichern(QStringLiteral("PauseZwischenTracks"), QStringLiteral("0"));
 }
 
-void Ausgabebox::mnuPauseZwischenTracks_Click()
+void Sequenzer::mnuPauseZwischenTracks_Click()
 {
     for (;;) {
         const QString antwort =
@@ -200,34 +210,34 @@ void Ausgabebox::mnuPauseZwischenTracks_Click()
     }
 }
 
-void Ausgabebox::mnuLaufschrift_Click()
+void Sequenzer::mnuLaufschrift_Click()
 {
     // The action has toggled its mark.
-    Speichern(QStringLiteral("Laufschrift"), mnuLaufschrift->isChecked() ? QStringLiteral("ein")
+    Speichern(QStringLiteral("Laufschrift"), box.mnuLaufschrift->isChecked() ? QStringLiteral("ein")
                                                                          : QStringLiteral("aus"));
 }
 
-bool Ausgabebox::TrackZuEnde(bool mitAnspielen) const
+bool Sequenzer::TrackZuEnde(bool mitAnspielen) const
 {
-    if ((mitAnspielen && chkTracksAnspielen->isChecked()) || !mnuWinPlayerVerwenden->isChecked())
-        return uhrzeit() > abspieler().TrackEndeZeit;
-    if (abspieler().FensterMedium)
-        return !abspieler().WinMediaPlayer || abspieler().WinMediaPlayer->playState() == Medienspieler::Gestoppt;
-    return MediaPlayer1Spieler->playState() == Medienspieler::Gestoppt;
+    if ((mitAnspielen && box.chkTracksAnspielen->isChecked()) || !box.mnuWinPlayerVerwenden->isChecked())
+        return uhrzeit() > box.abspieler().TrackEndeZeit;
+    if (box.abspieler().FensterMedium)
+        return !box.abspieler().WinMediaPlayer || box.abspieler().WinMediaPlayer->playState() == Medienspieler::Gestoppt;
+    return box.MediaPlayer1Spieler->playState() == Medienspieler::Gestoppt;
 }
 
-void Ausgabebox::ListenEndeStoppen()
+void Sequenzer::ListenEndeStoppen()
 {
     QCoreApplication::processEvents();
     warten(500);
-    abspieler().imgStop_Click();
+    box.abspieler().imgStop_Click();
 }
 
-bool Ausgabebox::NaechsterTrack()
+bool Sequenzer::NaechsterTrack()
 {
-    const int anzahl = filTrack->count();
+    const int anzahl = box.filTrack->count();
     if (TrackIndex >= anzahl - 1) {
-        if (!chkRepeat->isChecked()) {
+        if (!box.chkRepeat->isChecked()) {
             ListenEndeStoppen();
             return false;
         }
@@ -235,15 +245,15 @@ bool Ausgabebox::NaechsterTrack()
         return true;
     }
     // The same Track again: no combination of the boxes leads here, the test stands.
-    if (chkRepeat->isChecked() && !chkAlleTracks->isChecked() && !chkMarkTracks->isChecked())
+    if (box.chkRepeat->isChecked() && !box.chkAlleTracks->isChecked() && !box.chkMarkTracks->isChecked())
         return true;
     ++TrackIndex;
     return true;
 }
 
-bool Ausgabebox::ZufallsTrack()
+bool Sequenzer::ZufallsTrack()
 {
-    const int anzahl = filTrack->count();
+    const int anzahl = box.filTrack->count();
     const double r = D().zufall().Rnd();
     const int kandidat = int(float(anzahl - 1) * float(r) + 1.0f);
     const int obergrenze = int(TrackGespielt.size()) - 1;
@@ -262,7 +272,7 @@ bool Ausgabebox::ZufallsTrack()
         }
     }
     std::fill(TrackGespielt.begin(), TrackGespielt.end(), 0);
-    if (!chkRepeat->isChecked()) {
+    if (!box.chkRepeat->isChecked()) {
         ListenEndeStoppen();
         return false;
     }
@@ -270,26 +280,26 @@ bool Ausgabebox::ZufallsTrack()
     return true;
 }
 
-bool Ausgabebox::PlaylistZeileWaehlen()
+bool Sequenzer::PlaylistZeileWaehlen()
 {
-    const int zeilen = lvwPlaylist->topLevelItemCount();
+    const int zeilen = box.lvwPlaylist->topLevelItemCount();
     auto angehakt = [this](int nr) {
-        QTreeWidgetItem* z = lvwPlaylist->topLevelItem(nr - 1);
+        QTreeWidgetItem* z = box.lvwPlaylist->topLevelItem(nr - 1);
         return z && z->checkState(0) == Qt::Checked;
     };
     auto waehlen = [this](int nr) {
-        if (QTreeWidgetItem* z = lvwPlaylist->topLevelItem(nr - 1)) {
-            lvwPlaylist->setCurrentItem(z);
-            lvwPlaylist->scrollToItem(z);
+        if (QTreeWidgetItem* z = box.lvwPlaylist->topLevelItem(nr - 1)) {
+            box.lvwPlaylist->setCurrentItem(z);
+            box.lvwPlaylist->scrollToItem(z);
         }
     };
     if (TrackIndex == 0)
         TrackIndex = 1;
-    if (chkShuffle->isChecked()) {
-        zufallswahl().TontraegerZufaellig();
+    if (box.chkShuffle->isChecked()) {
+        box.zufallswahl().TontraegerZufaellig();
         return true;
     }
-    if (chkTracksZufaellig->isChecked()) {
+    if (box.chkTracksZufaellig->isChecked()) {
         const double r = D().zufall().Rnd();
         const int kandidat = int(float(zeilen - 1) * float(r) + 1.0f);
         const int obergrenze = int(TrackGespielt.size()) - 1;
@@ -307,7 +317,7 @@ bool Ausgabebox::PlaylistZeileWaehlen()
             TrackIndex = gewaehlt;
         } else {
             std::fill(TrackGespielt.begin(), TrackGespielt.end(), 0);
-            if (!chkRepeat->isChecked()) {
+            if (!box.chkRepeat->isChecked()) {
                 ListenEndeStoppen();
                 return false;
             }
@@ -323,7 +333,7 @@ bool Ausgabebox::PlaylistZeileWaehlen()
         return 0;
     };
     if (TrackIndex >= zeilen) {
-        if (!chkRepeat->isChecked()) {
+        if (!box.chkRepeat->isChecked()) {
             ListenEndeStoppen();
             return false;
         }
@@ -334,12 +344,12 @@ bool Ausgabebox::PlaylistZeileWaehlen()
         waehlen(1);
         return true;
     }
-    if (chkRepeat->isChecked() && !chkAlleTracks->isChecked() && !chkMarkTracks->isChecked())
+    if (box.chkRepeat->isChecked() && !box.chkAlleTracks->isChecked() && !box.chkMarkTracks->isChecked())
         return true;
     TrackIndex = TrackIndex + 1 > zeilen ? 1 : TrackIndex + 1;
     int treffer = ersteAngehakte(TrackIndex);
     if (!treffer) {
-        if (!chkRepeat->isChecked()) {
+        if (!box.chkRepeat->isChecked()) {
             ListenEndeStoppen();
             return false;
         }
@@ -352,20 +362,20 @@ bool Ausgabebox::PlaylistZeileWaehlen()
     return true;
 }
 
-void Ausgabebox::Timer1_Timer()
+void Sequenzer::Timer1_Timer()
 {
     if (m_timer1Laeuft)
         return;
     const Sperre sperre(m_timer1Laeuft);
     // A catalogue where every choice is excluded would make this loop endless: after
     // this many choices in one tick the sequencer gives up and stops.
-    const int hoechstens = 4 * (filTrack->count() + lvwPlaylist->topLevelItemCount()) + 1000;
+    const int hoechstens = 4 * (box.filTrack->count() + box.lvwPlaylist->topLevelItemCount()) + 1000;
     for (int wahl = 0;; ++wahl) {
         if (!TrackZuEnde(true))
             return;
-        Timer1->setEnabled(false);
+        box.Timer1->setEnabled(false);
         if (wahl >= hoechstens) {
-            abspieler().imgStop_Click();
+            box.abspieler().imgStop_Click();
             return;
         }
         if (PlaylistModus) {
@@ -373,17 +383,17 @@ void Ausgabebox::Timer1_Timer()
                 return;
             break;
         }
-        if (chkShuffle->isChecked())
-            zufallswahl().TontraegerZufaellig();
-        else if (chkTracksZufaellig->isChecked()) {
+        if (box.chkShuffle->isChecked())
+            box.zufallswahl().TontraegerZufaellig();
+        else if (box.chkTracksZufaellig->isChecked()) {
             if (!ZufallsTrack())
                 return;
         } else if (!NaechsterTrack()) {
             return;
         }
-        if (zufallswahl().TontraegerAusgeschlossen())
+        if (box.zufallswahl().TontraegerAusgeschlossen())
             continue;
-        trackliste().TextSongAktualisieren();
+        box.trackliste().TextSongAktualisieren();
         break;
     }
 
@@ -392,25 +402,25 @@ void Ausgabebox::Timer1_Timer()
         warten(500);
     } else {
         for (int i = 1; i <= pause; ++i) {
-            imgPause[0]->hide();
-            imgPause[1]->show();
-            staBar->setPanelText(2, QString::number(pause + 1 - i) + QStringLiteral(" Sek. Pause"));
+            box.imgPause[0]->hide();
+            box.imgPause[1]->show();
+            box.staBar->setPanelText(2, QString::number(pause + 1 - i) + QStringLiteral(" Sek. Pause"));
             warten(1000);
             if (Abbruch) {
                 Abbruch = false;
-                imgPause[0]->show();
-                imgPause[1]->hide();
+                box.imgPause[0]->show();
+                box.imgPause[1]->hide();
                 break;
             }
         }
     }
     if (StopGedrueckt)
-        abspieler().imgStop_Click();
+        box.abspieler().imgStop_Click();
     else
-        abspieler().imgStart_Click();
+        box.abspieler().imgStart_Click();
 }
 
-QString Ausgabebox::LaufschriftText(int phase) const
+QString Sequenzer::LaufschriftText(int phase) const
 {
     auto ohneEndung = [](QString name) {
         const qsizetype punkt = name.lastIndexOf(u'.');
@@ -419,7 +429,7 @@ QString Ausgabebox::LaufschriftText(int phase) const
         return name;
     };
     if (PlaylistModus) {
-        const QTreeWidgetItem* zeile = lvwPlaylist->currentItem();
+        const QTreeWidgetItem* zeile = box.lvwPlaylist->currentItem();
         if (!zeile)
             return {};
         if (phase == 1)
@@ -429,13 +439,13 @@ QString Ausgabebox::LaufschriftText(int phase) const
         return ohneEndung(zeile->text(0));
     }
     if (phase == 1)
-        return TextBand->text();
+        return box.TextBand->text();
     if (phase == 2)
-        return TextLPTitel->text();
-    return ohneEndung(filTrack->List(TrackIndex));
+        return box.TextLPTitel->text();
+    return ohneEndung(box.filTrack->List(TrackIndex));
 }
 
-void Ausgabebox::Timer2_Timer()
+void Sequenzer::Timer2_Timer()
 {
     if (m_timer2Laeuft)
         return;
@@ -443,15 +453,15 @@ void Ausgabebox::Timer2_Timer()
     m_laufschriftPhase = m_laufschriftPhase + 1 > 3 ? 1 : m_laufschriftPhase + 1;
     // After each letter: a window that is shown again, or a stopped title, ends the tick.
     auto abbrechen = [this] {
-        if (isMinimized() && Timer2->isEnabled())
+        if (box.isMinimized() && box.Timer2->isEnabled())
             return false;
-        setWindowTitle(Titel);
+        box.setWindowTitle(Ausgabebox::Titel);
         m_laufschriftPhase = 0;
         return true;
     };
     QString text = LaufschriftText(m_laufschriftPhase);
     for (int i = 1; i <= text.size(); ++i) {
-        setWindowTitle(text.left(i));
+        box.setWindowTitle(text.left(i));
         warten(120);
         if (abbrechen())
             return;
@@ -459,13 +469,13 @@ void Ausgabebox::Timer2_Timer()
     warten(500);
     text = LaufschriftText(m_laufschriftPhase);
     for (int i = int(text.size()); i >= 0; --i) {
-        setWindowTitle(text.right(i));
+        box.setWindowTitle(text.right(i));
         warten(120);
         if (abbrechen())
             return;
     }
     if (TrackZuEnde(false)) {
-        Timer2->setEnabled(false);
-        setWindowTitle(Titel);
+        box.Timer2->setEnabled(false);
+        box.setWindowTitle(Ausgabebox::Titel);
     }
 }

@@ -1,0 +1,42 @@
+#pragma once
+// The sequencer: the tick of Timer1 finds the end of a track, chooses the next one,
+// passes over excluded Carriers, waits and starts it; the six mode boxes keep themselves
+// in legal combinations; Timer2 writes the running title into the minimised caption.
+#include "shell/Teilbereich.h"
+
+#include <QString>
+
+class QCheckBox;
+
+class Sequenzer : public Teilbereich {
+public:
+    using Teilbereich::Teilbereich;
+    void verbinden() override;
+
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void chkAlleTracks_Click();
+    void chkMarkTracks_Click();
+    void chkShuffle_Click();
+    void chkTracksAnspielen_Click();
+    void mnuPauseZwischenTracks_Click();
+    void mnuLaufschrift_Click();
+
+private:
+    // Sets a mode box; a real change runs its handler, as a click would.
+    void ModusSetzen(QCheckBox* kasten, bool an);
+    // The running Track is over: by the clock on path one and in sampling, else by the
+    // play state of the control that has it.
+    bool TrackZuEnde(bool mitAnspielen) const;
+    // The next item; false when the list ended and the transport was stopped.
+    bool NaechsterTrack();
+    bool ZufallsTrack();
+    bool PlaylistZeileWaehlen();
+    void ListenEndeStoppen();
+    // The text of one phase of the running title.
+    QString LaufschriftText(int phase) const;
+
+    bool m_timer1Laeuft = false;
+    bool m_timer2Laeuft = false;
+    int m_laufschriftPhase = 0;
+};
