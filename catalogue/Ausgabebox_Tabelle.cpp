@@ -2,6 +2,7 @@
 // re-applied whenever the grid may have been rebuilt, and the row change.
 #include "shell/Ausgabebox.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
@@ -75,7 +76,7 @@ void Ausgabebox::TabelleEinrichten(bool trackListeLaden)
     g->setRedraw(true);
 
     if (trackListeLaden)
-        TrackListeLaden();
+        datensatzansicht().TrackListeLaden();
 
     g->setRedraw(false);
     int breiten[18];

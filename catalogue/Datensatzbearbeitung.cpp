@@ -1,5 +1,6 @@
 #include "catalogue/Datensatzbearbeitung.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -78,8 +79,8 @@ void Datensatzbearbeitung::MenuNeuEingabe_Click()
             throw Laufzeitfehler(91);
         box.Data1->letzterDatensatz();
         rs->AddNew();
-        box.GebundeneFelderLaden();
-        box.CDSterneZeichnen();
+        box.datensatzansicht().GebundeneFelderLaden();
+        box.datensatzansicht().CDSterneZeichnen();
         for (QTextEdit* t : {box.TextSongs, box.rtfInfo, box.rtfSonstiges})
             NeuerTextFormatieren(t);
         box.TextBand->setFocus();
@@ -94,7 +95,7 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
     // Without an edit there is nothing to normalise, since nothing can be stored.
     const Recordset* quelle = box.Data1->recordset();
     const bool aenderbar = !quelle || quelle->Updatable();
-    if (!aenderbar && box.FelderGeaendert()) {
+    if (!aenderbar && box.datensatzansicht().FelderGeaendert()) {
         Fehlermeldung(Recordset::NichtAenderbar(), QStringLiteral("Ausgabebox_MenuSpeichern_Click"));
         return;
     }

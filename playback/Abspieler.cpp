@@ -2,6 +2,7 @@
 // and nothing is reported.
 #include "playback/Abspieler.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
 
@@ -219,7 +220,7 @@ void Abspieler::imgStart_Click()
             box.trackliste().BewertungTracks();
         }
         box.SpielOrdner = OrdnerAusPfad(pfad);
-        box.AktuelleCDanzeigen();
+        box.datensatzansicht().AktuelleCDanzeigen();
         box.trackliste().BewertungTracks();
         box.staBar->setPanelText(2, QStringLiteral("playing:  ") + pfad);
         LaufenderTrack = box.staBar->PanelText(2).trimmed();

@@ -1,6 +1,7 @@
 // Errors are ignored here, as everywhere in the player.
 #include "playback/Trackliste.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "shell/Ausgabebox.h"
 
 #include "platform/Dialogdienst.h"
@@ -142,7 +143,7 @@ void Trackliste::BewertungTracks()
         return;
     for (int i = 0; i < sterne; ++i)
         box.imgSongNote[i]->setBild(box.imgStern->Bild());
-    box.CDSterneZeichnen();
+    box.datensatzansicht().CDSterneZeichnen();
 }
 
 void Trackliste::imgSongNote_Click(int index)

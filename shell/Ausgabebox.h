@@ -47,23 +47,6 @@ public:
     // ---- Catalogue file (the part Katalogdatei); the choice at start stays here ----
     void mnuDatenbank_Click();
 
-    // ---- Record view (catalogue/Ausgabebox_Datensatz.cpp) ----
-    void Data1_Reposition();
-    void Data1_Validate();
-    void AnzahlTontraeger();
-    void CDSterneZeichnen();
-    void imgCDnote_Click(int index);
-    // Moves to the Carrier whose folder is playing.
-    void AktuelleCDanzeigen();
-    void TrackListeLaden();
-    // Fills the bound controls from the current record.
-    void GebundeneFelderLaden();
-    // True when a bound control holds something else than the record gave it.
-    bool FelderGeaendert() const;
-    // The text of a rich text pane from a field, and back.
-    void TextfensterSetzen(QTextEdit* text, const QString& wert);
-    QString TextfensterLesen(QTextEdit* text) const;
-
     // ---- Table (catalogue/Ausgabebox_Tabelle.cpp) ----
     // Without trackListeLaden the caller has just loaded the Track list itself.
     void TabelleEinrichten(bool trackListeLaden = true);
@@ -115,6 +98,7 @@ public:
     class Abspieler& abspieler() const { return *m_abspieler; }
     class Trackliste& trackliste() const { return *m_trackliste; }
     class Sequenzer& sequenzer() const { return *m_sequenzer; }
+    class Datensatzansicht& datensatzansicht() const { return *m_datensatzansicht; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -152,15 +136,6 @@ private:
     // Shows the panes of the chosen text tab (1 covers, 2 to 4 texts, 5 playlists).
     void TextseiteZeigen();
 
-    // The bound record controls: control, column.
-    struct Bindung {
-        QWidget* steuerelement;
-        QString feld;
-    };
-    std::vector<Bindung> m_bindungen;
-    std::vector<QString> m_geladeneWerte; // what each bound control got from the record
-    QSet<QTextEdit*> m_geaenderteTexte;   // rich text panes changed since the record came
-    bool m_gebundenLaden = false; // the record fills the controls, no edit
     bool m_entladen = false;
     bool m_fensterSchliessenLaeuft = false;
     class Einzelinstanz* m_instanz = nullptr;
@@ -174,6 +149,7 @@ private:
     class Abspieler* m_abspieler = nullptr;
     class Trackliste* m_trackliste = nullptr;
     class Sequenzer* m_sequenzer = nullptr;
+    class Datensatzansicht* m_datensatzansicht = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -1,4 +1,5 @@
 // The controls and menus of the main window and their places at design size.
+#include "catalogue/Datensatzansicht.h"
 #include "playback/Abspieler.h"
 #include "shell/Ausgabebox.h"
 
@@ -93,10 +94,7 @@ void Ausgabebox::EreignisseVerbinden()
         connect(ButtonAlpabeth[i], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
         ButtonAlpabeth[i]->installEventFilter(this);
     }
-    connect(staBar, &Statusleiste::DblClick, this, [this] { AktuelleCDanzeigen(); });
 
-    connect(Data1, &Datensteuerung::Validate, this, [this] { Data1_Validate(); });
-    connect(Data1, &Datensteuerung::Reposition, this, [this] { Data1_Reposition(); });
     connect(Data1, &Datensteuerung::neuAufgebaut, this, [this] { MSFlexGrid1->setRecordset(Data1->recordset()); });
     connect(Data1, &Datensteuerung::zeileGeaendert, MSFlexGrid1, &FlexGrid::zeileGeaendert);
     connect(Data1, &Datensteuerung::zeileAngehaengt, MSFlexGrid1, &FlexGrid::zeileAngehaengt);
@@ -110,7 +108,7 @@ void Ausgabebox::EreignisseVerbinden()
     connect(MSFlexGrid1, &FlexGrid::MouseDown, this,
             [this](Qt::MouseButton knopf, Qt::KeyboardModifiers) { MSFlexGrid1_MouseDown(knopf); });
     connect(MSFlexGrid1, &FlexGrid::MouseMove, this, [this](Qt::MouseButtons k) { MSFlexGrid1_MouseMove(k); });
-    connect(MSFlexGrid1, &FlexGrid::MouseUp, this, [this] { TrackListeLaden(); });
+    connect(MSFlexGrid1, &FlexGrid::MouseUp, this, [this] { datensatzansicht().TrackListeLaden(); });
     // The current cell shows in the highlight colours, the cell left behind faintly.
     connect(MSFlexGrid1, &FlexGrid::LeaveCell, this, [this] {
         QPalette p = MSFlexGrid1->palette();
@@ -120,21 +118,8 @@ void Ausgabebox::EreignisseVerbinden()
     });
     connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this] { MSFlexGrid1->setPalette(QPalette()); });
 
-    for (int i = 0; i < 6; ++i)
-        connect(imgCDnote[i], &Bildfeld::Click, this, [this, i] { imgCDnote_Click(i); });
-
-    // The field that had the focus last, for the commands that act on "the" field.
-    for (Textfeld* t : {TextBand, TextLPTitel, TextMedium, TextStil, TextInfo, TextPlattenfirma, TextBestellNr,
-                        TextPreis, TextKaufdatum, TextMusikpfad, txtSuchen})
-        connect(t, &Textfeld::GotFocus, this, [this, t] { AktivesFeld = t->objectName(); });
-    for (QTextEdit* t : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges}) {
+    for (QTextEdit* t : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
         t->installEventFilter(this);
-        // Any change that is not the record filling the pane is an edit, typed or not.
-        connect(t->document(), &QTextDocument::contentsChanged, this, [this, t] {
-            if (!m_gebundenLaden)
-                m_geaenderteTexte.insert(t);
-        });
-    }
 
     // Label captions keep "&&" for a literal "&", as captions with an access key do.
     const std::pair<int, QWidget*> partner[] = {

@@ -1,6 +1,7 @@
 // The road from the start of the process to a usable main window and back.
 #include "shell/Ausgabebox.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
@@ -86,27 +87,6 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     setWindowTitle(Titel);
     setAttribute(Qt::WA_DeleteOnClose, false);
     anlegen(this);
-    // The bound record controls and their columns.
-    m_bindungen = {
-        {TextBand, QStringLiteral("Band")},
-        {TextLPTitel, QStringLiteral("LPTitel")},
-        {TextMedium, QStringLiteral("Medium")},
-        {TextStil, QStringLiteral("Stil")},
-        {TextInfo, QStringLiteral("Info")},
-        {TextPlattenfirma, QStringLiteral("Plattenfirma")},
-        {TextBestellNr, QStringLiteral("BestellNr")},
-        {TextPreis, QStringLiteral("Preis")},
-        {TextKaufdatum, QStringLiteral("Datum")},
-        {TextSongs, QStringLiteral("Songs")},
-        {txtBildpfad, QStringLiteral("BildPfad")},
-        {TextMusikpfad, QStringLiteral("Musikpfad")},
-        {txtSongText, QStringLiteral("SongText")},
-        {txtEbook, QStringLiteral("eBook")},
-        {txtBewertung, QStringLiteral("Bewertung")},
-        {rtfLinks, QStringLiteral("InternetTab")},
-        {rtfInfo, QStringLiteral("InfoTab")},
-        {rtfSonstiges, QStringLiteral("SonstigesTab")},
-    };
     TeileAnlegen();
     EreignisseVerbinden();
     for (int i = 0; i < 18; ++i)
@@ -135,6 +115,8 @@ void Ausgabebox::TeileAnlegen()
     m_trackliste->verbinden();
     m_sequenzer = new Sequenzer(*this);
     m_sequenzer->verbinden();
+    m_datensatzansicht = new Datensatzansicht(*this);
+    m_datensatzansicht->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()
@@ -452,9 +434,9 @@ void Ausgabebox::closeEvent(QCloseEvent* e)
     }
     // What was typed is written first; if the catalogue refuses it, the user decides.
     try {
-        if (Recordset* rs = Data1->recordset(); rs && !rs->Updatable() && FelderGeaendert())
+        if (Recordset* rs = Data1->recordset(); rs && !rs->Updatable() && datensatzansicht().FelderGeaendert())
             throw Recordset::NichtAenderbar();
-        Data1_Validate();
+        datensatzansicht().Data1_Validate();
         if (Recordset* rs = Data1->recordset(); rs && rs->EditPending())
             rs->Update();
     } catch (const Laufzeitfehler& fehler) {
@@ -479,7 +461,7 @@ void Ausgabebox::Form_Unload()
     m_entladen = true;
     // What was typed into the record reaches the database before the end.
     try {
-        Data1_Validate();
+        datensatzansicht().Data1_Validate();
         if (Recordset* rs = Data1->recordset(); rs && rs->EditPending())
             rs->Update();
     } catch (const Laufzeitfehler&) {

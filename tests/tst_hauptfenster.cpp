@@ -1,5 +1,6 @@
 // The main window as a user meets it: its controls and menus, the layout rules when it
 // is resized, the wheel steps, the table's columns and the record stars.
+#include "catalogue/Datensatzansicht.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -179,7 +180,7 @@ private slots:
         QCOMPARE(hell(), 0); // "7" is no rating
         w->MSFlexGrid1->setRow(3);
         QCOMPARE(hell(), 0); // a blank neither
-        w->imgCDnote_Click(2);
+        w->datensatzansicht().imgCDnote_Click(2);
         QCOMPARE(hell(), 3);
         QCOMPARE(w->txtBewertung->text(), QString("3"));
         w->MSFlexGrid1->setRow(1);

@@ -1,5 +1,6 @@
 // The transport and the Track ratings: start on both sound paths, stop, pause, resume,
 // steps, the A-B loop, the media window, and the rating in a file name.
+#include "catalogue/Datensatzansicht.h"
 #include "playback/Trackliste.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
@@ -124,7 +125,7 @@ private slots:
         TrackIndex = eintrag("Erstes - 5.mp3");
         w->trackliste().imgSongNote_Click(1);
         QVERIFY(QFile::exists(musik + "Erstes - 5.mp3"));
-        w->TrackListeLaden();
+        w->datensatzansicht().TrackListeLaden();
         QDir::setCurrent(vorher);
         QVERIFY(!w->filTrack->isEnabled());
         QCOMPARE(w->filTrack->count(), 0);
