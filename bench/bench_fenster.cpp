@@ -211,7 +211,7 @@ int main(int argc, char** argv)
         w->katalogdatei().MenuAktualisieren_Click();
 
         QHeaderView* kopf = g->horizontalHeader();
-        const int c = w->SpalteSuchen(QStringLiteral("Stil"));
+        const int c = w->MSFlexGrid1->SpalteSuchen(QStringLiteral("Stil"));
         const QPoint mitte(kopf->sectionViewportPosition(c) + kopf->sectionSize(c) / 2, kopf->height() / 2);
         uhr.restart();
         QTest::mouseClick(kopf->viewport(), Qt::LeftButton, Qt::NoModifier, mitte);

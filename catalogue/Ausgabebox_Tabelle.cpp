@@ -99,14 +99,6 @@ void Ausgabebox::TabelleEinrichten(bool trackListeLaden)
     g->setRedraw(true);
 }
 
-int Ausgabebox::SpalteSuchen(const QString& kopf) const
-{
-    for (int c = 0; c < MSFlexGrid1->Cols(); ++c)
-        if (MSFlexGrid1->TextMatrix(0, c) == kopf)
-            return c;
-    return -1;
-}
-
 void Ausgabebox::MSFlexGrid1_RowColChange()
 {
     if (AutosizeLaeuft)
@@ -178,7 +170,7 @@ void Ausgabebox::ButtonAlpabeth_MouseUp(int index)
         }
         FlexGrid* g = MSFlexGrid1;
         if (!chkTabelle->isChecked()) {
-            const int c = SpalteSuchen(spalte);
+            const int c = MSFlexGrid1->SpalteSuchen(spalte);
             const QString buchstabe = ButtonAlpabeth[index]->text();
             for (int zeile = 1; c >= 0 && zeile < g->Rows(); ++zeile) {
                 if (g->TextMatrix(zeile, c).left(1).toUpper() == buchstabe) {

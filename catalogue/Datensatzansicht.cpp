@@ -217,7 +217,7 @@ QString Datensatzansicht::TextfensterLesen(QTextEdit* text) const { return RtfSc
 
 void Datensatzansicht::AktuelleCDanzeigen()
 {
-    const int musik = box.SpalteSuchen(QStringLiteral("Musikpfad"));
+    const int musik = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Musikpfad"));
     const QString status = box.staBar->PanelText(2);
     if (!status.contains(u"playing:")) {
         if (status.contains(u"Pause"))

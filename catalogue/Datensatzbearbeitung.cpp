@@ -114,8 +114,8 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
             if (text->toPlainText().isEmpty())
                 text->setPlainText(QStringLiteral(" "));
     }
-    const int spalteBand = box.SpalteSuchen(QStringLiteral("Band"));
-    const int spalteTitel = box.SpalteSuchen(QStringLiteral("LPTitel"));
+    const int spalteBand = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Band"));
+    const int spalteTitel = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("LPTitel"));
     const QString band = box.TextBand->text();
     const QString titel = box.TextLPTitel->text();
     try {

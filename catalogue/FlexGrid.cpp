@@ -197,6 +197,14 @@ QString FlexGrid::TextMatrix(int zeile, int spalte) const
     return m_modell->zelle(zeile - 1, spalte);
 }
 
+int FlexGrid::SpalteSuchen(const QString& kopf) const
+{
+    for (int c = 0; c < Cols(); ++c)
+        if (TextMatrix(0, c) == kopf)
+            return c;
+    return -1;
+}
+
 int FlexGrid::Feld(int spalte) const
 {
     if (spalte < 0 || spalte >= Cols())

@@ -30,6 +30,8 @@ public:
     int Cols() const;
     // Row 0 is the head; an index outside the grid gives an empty text.
     QString TextMatrix(int zeile, int spalte) const;
+    // Index of the grid column whose head is the name, -1 when none.
+    int SpalteSuchen(const QString& kopf) const;
     // The recordset field shown in grid column c, or -1.
     int Feld(int spalte) const;
 

@@ -21,7 +21,7 @@ void Ausgabebox::BandAbspielausschlusslisteLaden()
 
 int Ausgabebox::BandSpalte() const
 {
-    const int spalte = SpalteSuchen(QStringLiteral("Band"));
+    const int spalte = MSFlexGrid1->SpalteSuchen(QStringLiteral("Band"));
     return spalte >= 0 ? spalte : 0;
 }
 

@@ -377,7 +377,7 @@ void Abspieler::imgResume_Click()
         if (QTreeWidgetItem* zeile = box.lvwPlaylist->topLevelItem(ResumeIndex - 1))
             box.lvwPlaylist->setCurrentItem(zeile);
     } else {
-        const int musik = box.SpalteSuchen(QStringLiteral("Musikpfad"));
+        const int musik = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Musikpfad"));
         for (int zeile = 1; musik >= 0 && zeile < box.MSFlexGrid1->Rows(); ++zeile) {
             if (box.MSFlexGrid1->TextMatrix(zeile, musik) == ResumeOrdner) {
                 box.Data1->setAbsolutePosition(zeile - 1);

@@ -64,7 +64,7 @@ bool Zufallswahl::TontraegerAusgeschlossen()
     const int zeile = box.MSFlexGrid1->Row();
     if (zeile < 1)
         return false;
-    box.SpalteStil = box.SpalteSuchen(QStringLiteral("Stil"));
+    box.SpalteStil = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Stil"));
     return AusschlussTrifft(box.lstAbspielausschluss, box.MSFlexGrid1->TextMatrix(zeile, box.SpalteStil))
         || AusschlussTrifft(box.lstBandAusschluss, box.MSFlexGrid1->TextMatrix(zeile, box.BandSpalte()));
 }
@@ -78,7 +78,7 @@ void Zufallswahl::TontraegerZufaellig()
             PlaylistZeileZufaellig();
             return;
         }
-        box.SpalteStil = box.SpalteSuchen(QStringLiteral("Stil"));
+        box.SpalteStil = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Stil"));
         Recordset* rs = box.Data1->recordset();
         if (!rs || rs->RecordCount() < 1)
             return;

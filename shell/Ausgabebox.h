@@ -63,8 +63,6 @@ public:
     void chkTabelle_Click();
     void mnuTabelleAutosize_Click();
     void mnuAllesMarkieren_Click();
-    // Index of the grid column whose head is the name, -1 when none.
-    int SpalteSuchen(const QString& kopf) const;
     // The column arrangement window, then layout and widths (catalogue/Ausgabebox_Spalten.cpp).
     void mnuTabelleAnordnen_Click();
 

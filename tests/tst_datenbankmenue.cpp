@@ -60,7 +60,7 @@ private slots:
         QCOMPARE(DatenbankOrdner, ordner);
         QCOMPARE(w->katalogdatei().OrdnerEintrag(0), a);
         // German order: the umlaut among its letter, case ignored.
-        const int band = w->SpalteSuchen("Band");
+        const int band = w->MSFlexGrid1->SpalteSuchen("Band");
         QStringList reihe;
         for (int r = 1; r < w->MSFlexGrid1->Rows(); ++r)
             reihe << w->MSFlexGrid1->TextMatrix(r, band);

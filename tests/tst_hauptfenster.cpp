@@ -141,7 +141,7 @@ private slots:
         QCOMPARE(g->ColWidth(0), 1000);
         QCOMPARE(g->ColWidth(1), 2000);
         QCOMPARE(g->ColWidth(2), 0);
-        QCOMPARE(w->SpalteSuchen("Bewertung"), 14);
+        QCOMPARE(w->MSFlexGrid1->SpalteSuchen("Bewertung"), 14);
         // The layout runs again at each move and stays the same.
         w->TabelleEinrichten();
         QCOMPARE(g->TextMatrix(0, 0), QString("LPTitel"));

@@ -63,7 +63,7 @@ class TestSpalten : public QObject {
         QVERIFY(QTest::qWaitForWindowExposed(w.get()));
     }
 
-    int breite(const QString& kopf) const { return w->MSFlexGrid1->ColWidth(w->SpalteSuchen(kopf)); }
+    int breite(const QString& kopf) const { return w->MSFlexGrid1->ColWidth(w->MSFlexGrid1->SpalteSuchen(kopf)); }
 
 private slots:
     void init()

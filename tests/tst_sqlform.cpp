@@ -71,7 +71,7 @@ class TestSqlform : public QObject {
     {
         QStringList werte;
         for (int r = 1; r < w->MSFlexGrid1->Rows(); ++r)
-            werte << w->MSFlexGrid1->TextMatrix(r, w->SpalteSuchen(kopf));
+            werte << w->MSFlexGrid1->TextMatrix(r, w->MSFlexGrid1->SpalteSuchen(kopf));
         return werte;
     }
 

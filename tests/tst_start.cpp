@@ -148,7 +148,7 @@ private slots:
         QVERIFY(m[0].text.contains(alt));
         QVERIFY(m[0].text.endsWith("Datenbank-Update einspielen?"));
         // It opens and works all the same.
-        QCOMPARE(w->MSFlexGrid1->TextMatrix(1, w->SpalteSuchen("Band")), QString("Abba"));
+        QCOMPARE(w->MSFlexGrid1->TextMatrix(1, w->MSFlexGrid1->SpalteSuchen("Band")), QString("Abba"));
         QVERIFY(Attrappen::shell().gestartet.isEmpty());
 
         // "Ja" hands the file over to the database manager and ends the program.

@@ -39,7 +39,7 @@ class TestTabelle : public QObject {
     QStringList spalte(const QString& kopf) const
     {
         QStringList werte;
-        const int c = w->SpalteSuchen(kopf);
+        const int c = w->MSFlexGrid1->SpalteSuchen(kopf);
         for (int r = 1; r < w->MSFlexGrid1->Rows(); ++r)
             werte << w->MSFlexGrid1->TextMatrix(r, c);
         return werte;
@@ -48,7 +48,7 @@ class TestTabelle : public QObject {
     void kopfKlicken(const QString& kopf)
     {
         QHeaderView* k = w->MSFlexGrid1->horizontalHeader();
-        const int c = w->SpalteSuchen(kopf);
+        const int c = w->MSFlexGrid1->SpalteSuchen(kopf);
         const QPoint mitte(k->sectionViewportPosition(c) + k->sectionSize(c) / 2, k->height() / 2);
         QTest::mouseClick(k->viewport(), Qt::LeftButton, Qt::NoModifier, mitte);
     }
