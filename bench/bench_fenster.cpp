@@ -6,6 +6,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
+#include "catalogue/Tabellenansicht.h"
 #include "shell/Anwendung.h"
 #include "shell/Ausgabebox.h"
 #include "shell/EchteDialoge.h"
@@ -204,7 +205,7 @@ int main(int argc, char** argv)
 
         w->chkTabelle->setChecked(true);
         uhr.restart();
-        w->ButtonAlpabeth_MouseUp(18); // S, with its sharp s
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(18); // S, with its sharp s
         QCoreApplication::processEvents();
         filter.push_back(double(uhr.nsecsElapsed()) / 1e6);
         w->chkTabelle->setChecked(false);

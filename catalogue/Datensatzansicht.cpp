@@ -1,5 +1,6 @@
 #include "catalogue/Datensatzansicht.h"
 
+#include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -148,7 +149,7 @@ void Datensatzansicht::Data1_Reposition()
     box.trackliste().BewertungTracks();
     AnzahlTontraeger();
     // The Track list was loaded just above.
-    box.TabelleEinrichten(false);
+    box.tabellenansicht().TabelleEinrichten(false);
 }
 
 void Datensatzansicht::TrackListeLaden()

@@ -1,6 +1,7 @@
 #include "catalogue/Datensatzbearbeitung.h"
 
 #include "catalogue/Datensatzansicht.h"
+#include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -153,7 +154,7 @@ void Datensatzbearbeitung::MenuEintragLoeschen_Click()
         return;
     FlexGrid* g = box.MSFlexGrid1;
     try {
-        box.MSFlexGrid1_RowColChange();
+        box.tabellenansicht().MSFlexGrid1_RowColChange();
         g->setRedraw(false);
         // Exactly the marked rows, whichever way they were marked. The bottom one goes
         // first, so that the rows still to come keep their numbers.
@@ -169,7 +170,7 @@ void Datensatzbearbeitung::MenuEintragLoeschen_Click()
             if (g->Row() != zeile)
                 g->setRow(zeile);
             else
-                box.MSFlexGrid1_RowColChange();
+                box.tabellenansicht().MSFlexGrid1_RowColChange();
             Recordset* rs = box.Data1->recordset();
             if (!rs)
                 throw Laufzeitfehler(91);

@@ -1,5 +1,6 @@
 #include "catalogue/Katalogdatei.h"
 
+#include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datenbank.h"
@@ -90,7 +91,7 @@ void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)
         box.Data1->setRecordSource(QString());
         box.Data1->Refresh();
         QCoreApplication::processEvents();
-        box.TabelleEinrichten();
+        box.tabellenansicht().TabelleEinrichten();
         box.Data1->setDatabaseName(pfad);
         box.Data1->setRecordSource(GanzeTabelle);
         box.Data1->Refresh();
@@ -98,7 +99,7 @@ void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)
         Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
         box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
-        box.TabelleEinrichten();
+        box.tabellenansicht().TabelleEinrichten();
         Speichern(QStringLiteral("ArchivPfad"), pfad);
         OrdnerMenuPfad(pfad);
         box.staBar->setPanelText(1, DateinameAusPfad(pfad));
@@ -160,7 +161,7 @@ void Katalogdatei::DatenbankKopieAnlegen(const QString& titel, const QString& st
         QCoreApplication::processEvents();
         Speichern(QStringLiteral("Data1RecordSource"), NachBand);
         if (offeneKopieren)
-            box.TabelleEinrichten();
+            box.tabellenansicht().TabelleEinrichten();
         box.staBar->setPanelText(1, DateinameAusPfad(pfad));
         DatenbankOrdner = OrdnerAusPfad(pfad);
         Speichern(QStringLiteral("ArchivPfad"), pfad);
@@ -195,7 +196,7 @@ void Katalogdatei::MenuAktualisieren_Click()
         box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
         box.CoverAktualisieren();
-        box.TabelleEinrichten();
+        box.tabellenansicht().TabelleEinrichten();
         box.CoverDown();
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuAktualisieren_Click"));

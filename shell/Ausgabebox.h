@@ -47,25 +47,6 @@ public:
     // ---- Catalogue file (the part Katalogdatei); the choice at start stays here ----
     void mnuDatenbank_Click();
 
-    // ---- Table (catalogue/Ausgabebox_Tabelle.cpp) ----
-    // Without trackListeLaden the caller has just loaded the Track list itself.
-    void TabelleEinrichten(bool trackListeLaden = true);
-    // Reads TabelleAnordnenCaption0 to 17 into SpaltenTitel.
-    void SpaltenTitelLesen();
-    // Visibility and widths by SpaltenTitel, column n by position n (redraw is the caller's).
-    void SpaltenSichtbarkeitAnwenden();
-    void MSFlexGrid1_RowColChange();
-    void MSFlexGrid1_MouseDown(Qt::MouseButton knopf);
-    void MSFlexGrid1_MouseMove(Qt::MouseButtons knoepfe);
-    void ButtonAlpabeth_MouseUp(int index);
-    // The record source of a letter (0 to 25) or rating button (26 to 31) on a column.
-    static QString BuchstabenFilter(int index, const QString& spalte);
-    void chkTabelle_Click();
-    void mnuTabelleAutosize_Click();
-    void mnuAllesMarkieren_Click();
-    // The column arrangement window, then layout and widths (catalogue/Ausgabebox_Spalten.cpp).
-    void mnuTabelleAnordnen_Click();
-
     // The column headed "Stil", found anew by each start and each random choice; -1 when none.
     int SpalteStil = -1;
     // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
@@ -97,11 +78,11 @@ public:
     class Trackliste& trackliste() const { return *m_trackliste; }
     class Sequenzer& sequenzer() const { return *m_sequenzer; }
     class Datensatzansicht& datensatzansicht() const { return *m_datensatzansicht; }
+    class Tabellenansicht& tabellenansicht() const { return *m_tabellenansicht; }
 
     // ---- State of the window ----
     QString AktivesFeld;
     QString AktivesTextfeld;
-    std::array<QString, 18> SpaltenTitel;
     int ShuffleSongProCD = 1;
     // Songs chosen on the current Carrier in this shuffle run.
     int SongZaehler = 1;
@@ -148,6 +129,7 @@ private:
     class Trackliste* m_trackliste = nullptr;
     class Sequenzer* m_sequenzer = nullptr;
     class Datensatzansicht* m_datensatzansicht = nullptr;
+    class Tabellenansicht* m_tabellenansicht = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -1,5 +1,6 @@
 // The controls and menus of the main window and their places at design size.
 #include "catalogue/Datensatzansicht.h"
+#include "catalogue/Tabellenansicht.h"
 #include "playback/Abspieler.h"
 #include "shell/Ausgabebox.h"
 
@@ -45,12 +46,6 @@ void Ausgabebox::EreignisseVerbinden()
 {
     connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
     connect(mnuDatenbank, &QAction::triggered, this, [this] { mnuDatenbank_Click(); });
-    for (int i = 0; i < 15; ++i)
-        connect(mnuSpalte[i], &QAction::triggered, this, [this, i] {
-            for (QAction* a : mnuSpalte)
-                a->setChecked(false);
-            mnuSpalte[i]->setChecked(true);
-        });
 
     // Tool buttons whose commands stand; the others wait for their commands.
     const std::map<int, std::function<void()>> werkzeuge = {
@@ -60,7 +55,7 @@ void Ausgabebox::EreignisseVerbinden()
         {4, [this] { sqlKonsole().MenuSQLabfrage_Click(); }},
         {9, [this] { MenuBeenden(); }},
         {10, [this] { katalogdatei().mnuOeffnen_Click(); }},
-        {16, [this] { mnuTabelleAutosize_Click(); }},
+        {16, [this] { tabellenansicht().mnuTabelleAutosize_Click(); }},
     };
     for (int i = 0; i < 21; ++i) {
         const auto it = werkzeuge.find(i);
@@ -83,40 +78,9 @@ void Ausgabebox::EreignisseVerbinden()
     for (Bildknopf* b : ButtonText)
         if (b)
             b->setEnabled(false);
-    connect(cmdABC, &QPushButton::clicked, this, [this] { katalogdatei().MenuAktualisieren_Click(); });
-    connect(mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
-    connect(mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
-    connect(mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
     connect(mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
     connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
-    connect(chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
-    for (int i = 0; i < 32; ++i) {
-        connect(ButtonAlpabeth[i], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
-        ButtonAlpabeth[i]->installEventFilter(this);
-    }
 
-    connect(Data1, &Datensteuerung::neuAufgebaut, this, [this] { MSFlexGrid1->setRecordset(Data1->recordset()); });
-    connect(Data1, &Datensteuerung::zeileGeaendert, MSFlexGrid1, &FlexGrid::zeileGeaendert);
-    connect(Data1, &Datensteuerung::zeileAngehaengt, MSFlexGrid1, &FlexGrid::zeileAngehaengt);
-    connect(Data1, &Datensteuerung::zeileEntfernt, MSFlexGrid1, &FlexGrid::zeileEntfernt);
-    connect(MSFlexGrid1, &FlexGrid::RowColChange, this, [this] { MSFlexGrid1_RowColChange(); });
-    connect(MSFlexGrid1, &FlexGrid::GotFocus, this, [this] { AktivesFeld = QStringLiteral("MSFlexGrid1"); });
-    connect(MSFlexGrid1, &FlexGrid::KeyPress, this, [](int taste) {
-        if (taste == Qt::Key_Escape)
-            Abbruch = true;
-    });
-    connect(MSFlexGrid1, &FlexGrid::MouseDown, this,
-            [this](Qt::MouseButton knopf, Qt::KeyboardModifiers) { MSFlexGrid1_MouseDown(knopf); });
-    connect(MSFlexGrid1, &FlexGrid::MouseMove, this, [this](Qt::MouseButtons k) { MSFlexGrid1_MouseMove(k); });
-    connect(MSFlexGrid1, &FlexGrid::MouseUp, this, [this] { datensatzansicht().TrackListeLaden(); });
-    // The current cell shows in the highlight colours, the cell left behind faintly.
-    connect(MSFlexGrid1, &FlexGrid::LeaveCell, this, [this] {
-        QPalette p = MSFlexGrid1->palette();
-        p.setColor(QPalette::Highlight, p.color(QPalette::HighlightedText));
-        p.setColor(QPalette::HighlightedText, p.color(QPalette::WindowText));
-        MSFlexGrid1->setPalette(p);
-    });
-    connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this] { MSFlexGrid1->setPalette(QPalette()); });
 
     for (QTextEdit* t : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
         t->installEventFilter(this);
@@ -167,13 +131,6 @@ void Ausgabebox::TextseiteZeigen()
 
 bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
 {
-    if (ereignis->type() == QEvent::MouseButtonPress
-        && static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton
-        && objekt->objectName().startsWith(u"ButtonAlpabeth(")) {
-        // The right button chooses the column the letters work on.
-        mnuSpaltenkopf->popup(QCursor::pos());
-        return true;
-    }
     if (objekt == lvwPlaylist && ereignis->type() == QEvent::FocusIn)
         // A row n of the playlist uses mark n; mark 0 stays free.
         TrackGespielt.assign(size_t(lvwPlaylist->topLevelItemCount()) + 1, 0);

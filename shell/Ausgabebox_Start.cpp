@@ -7,6 +7,7 @@
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
 #include "collections/SqlKonsole.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -90,7 +91,7 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     TeileAnlegen();
     EreignisseVerbinden();
     for (int i = 0; i < 18; ++i)
-        SpaltenTitel[size_t(i)].clear();
+        tabellenansicht().SpaltenTitel[size_t(i)].clear();
     staBar->setPanelText(2, QStringLiteral("no play"));
     staBar->setPanelText(6, QStringLiteral("Sleep Off"));
     resize(Px(15225), Px(10725));
@@ -117,6 +118,8 @@ void Ausgabebox::TeileAnlegen()
     m_sequenzer->verbinden();
     m_datensatzansicht = new Datensatzansicht(*this);
     m_datensatzansicht->verbinden();
+    m_tabellenansicht = new Tabellenansicht(*this);
+    m_tabellenansicht->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()
@@ -182,7 +185,7 @@ void Ausgabebox::Form_Load()
             Data1->setRecordSource(Lesen(QStringLiteral("Data1RecordSource"), StandardQuelle));
             Data1->Refresh();
             QCoreApplication::processEvents();
-            TabelleEinrichten();
+            tabellenansicht().TabelleEinrichten();
             staBar->setPanelText(1, DateinameAusPfad(pfad));
             lblTabellenName->setText(Lesen(QStringLiteral("TabellenName"), QStringLiteral("alle")));
         }
@@ -257,9 +260,9 @@ void Ausgabebox::RegistryLesen()
     chkVisualisierung->setChecked(Lesen(QStringLiteral("WinMediaPlayerVisualisierung"), QStringLiteral("1")) == u"1");
     chkTabelle->setChecked(Lesen(QStringLiteral("TopRow"), QStringLiteral("0")) == u"1");
 
-    SpaltenTitelLesen();
+    tabellenansicht().SpaltenTitelLesen();
     MSFlexGrid1->setRedraw(false);
-    SpaltenSichtbarkeitAnwenden();
+    tabellenansicht().SpaltenSichtbarkeitAnwenden();
     MSFlexGrid1->setRedraw(true);
     QCoreApplication::processEvents();
 

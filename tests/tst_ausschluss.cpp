@@ -1,5 +1,6 @@
 // The exclusion lists of styles and bands (their files, the two windows, the lists in
 // force) and the random choice of a Carrier and a Track that passes over them.
+#include "catalogue/Tabellenansicht.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
@@ -213,7 +214,7 @@ private slots:
         }
 
         // Saved on a filtered table: the bands the filter hides fall out of the list.
-        w->Data1->setRecordSource(Ausgabebox::BuchstabenFilter(0, "Band"));
+        w->Data1->setRecordSource(Tabellenansicht::BuchstabenFilter(0, "Band"));
         w->Data1->Refresh();
         ModalBedienen([](QDialog* d) {
             auto* liste = d->findChild<QListWidget*>("lstBandliste");
@@ -258,7 +259,7 @@ private slots:
         // The sequencer's test looks at the current row, wherever the columns stand.
         Speichern("TabelleAnordnenCaption0", "Stil1");
         Speichern("TabelleAnordnenCaption3", "Band1");
-        w->TabelleEinrichten();
+        w->tabellenansicht().TabelleEinrichten();
         for (int zeile = 1; zeile <= 4; ++zeile) {
             w->MSFlexGrid1->setRow(zeile);
             QCOMPARE(w->zufallswahl().TontraegerAusgeschlossen(), zeile == 1 || zeile == 3);

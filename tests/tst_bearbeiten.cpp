@@ -1,4 +1,5 @@
 // Entering, saving and deleting Carriers through the record view.
+#include "catalogue/Tabellenansicht.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -198,7 +199,7 @@ private slots:
         // C has one row, which stays; B has two, of which one goes. After either the
         // whole table shows.
         for (const int buchstabe : {2, 1}) {
-            w->ButtonAlpabeth_MouseUp(buchstabe);
+            w->tabellenansicht().ButtonAlpabeth_MouseUp(buchstabe);
             QCOMPARE(w->MSFlexGrid1->Rows(), 4 - buchstabe);
             markieren(1, 1);
             Attrappen::dialoge().antwortenMsg << "Ja";

@@ -1,6 +1,7 @@
 // The main window as a user meets it: its controls and menus, the layout rules when it
 // is resized, the wheel steps, the table's columns and the record stars.
 #include "catalogue/Datensatzansicht.h"
+#include "catalogue/Tabellenansicht.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -143,7 +144,7 @@ private slots:
         QCOMPARE(g->ColWidth(2), 0);
         QCOMPARE(w->MSFlexGrid1->SpalteSuchen("Bewertung"), 14);
         // The layout runs again at each move and stays the same.
-        w->TabelleEinrichten();
+        w->tabellenansicht().TabelleEinrichten();
         QCOMPARE(g->TextMatrix(0, 0), QString("LPTitel"));
         QCOMPARE(g->ColWidth(1), 2000);
     }

@@ -1,5 +1,6 @@
 // The column arrangement window: how its buttons move the columns, what it stores, and
 // how the table follows it.
+#include "catalogue/Tabellenansicht.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
@@ -140,7 +141,7 @@ private slots:
             QVERIFY(TabelleNichtAnordnen); // before the window closes
             QVERIFY(Klicken(d, "cmdExit"));
         });
-        w->mnuTabelleAnordnen_Click();
+        w->tabellenansicht().mnuTabelleAnordnen_Click();
         QVERIFY(ModalBedient());
         QVERIFY(TabelleNichtAnordnen);
         QCOMPARE(anordnung(), QStringList(18, "-"));
@@ -149,7 +150,7 @@ private slots:
         Speichern("TabelleAnordnenCaption0", "LPTitel1");
         Speichern("TabelleAnordnenCaption1", "Band0");
         Speichern("0Spaltenbreite", "4321");
-        w->TabelleEinrichten();
+        w->tabellenansicht().TabelleEinrichten();
         QCOMPARE(w->MSFlexGrid1->TextMatrix(0, 0), QString("Band"));
         QVERIFY(breite("Band") > 0);
         QCOMPARE(Lesen("0Spaltenbreite"), QString("4321"));
@@ -162,7 +163,7 @@ private slots:
             d->findChild<QCheckBox*>("chkNotSort")->click();
             QVERIFY(Klicken(d, "cmdOK"));
         });
-        w->mnuTabelleAnordnen_Click();
+        w->tabellenansicht().mnuTabelleAnordnen_Click();
         QVERIFY(!TabelleNichtAnordnen);
         QCOMPARE(Lesen("TableNotSort"), QString("0"));
         QCOMPARE(w->MSFlexGrid1->TextMatrix(0, 0), QString("LPTitel"));
@@ -183,7 +184,7 @@ private slots:
             QVERIFY(Klicken(d, "cmdHochTief(0)"));
             QVERIFY(Klicken(d, "cmdOK"));
         });
-        w->mnuTabelleAnordnen_Click();
+        w->tabellenansicht().mnuTabelleAnordnen_Click();
         QVERIFY(ModalBedient());
         // Stored and shown in this order, the hidden ones behind; the widths fitted.
         const QStringList erwartet = {"Stil", "Band", "LPTitel", "Plattenfirma", "BestellNr", "Preis",
@@ -204,7 +205,7 @@ private slots:
                 Klicken(d, "cmdEntfernen");
             QVERIFY(Klicken(d, "cmdOK"));
         });
-        w->mnuTabelleAnordnen_Click();
+        w->tabellenansicht().mnuTabelleAnordnen_Click();
         QCOMPARE(Lesen("TabelleAnordnenCaption0"), QString("Medium0"));
         for (const QString& kopf : Alle)
             QCOMPARE(breite(kopf), 0);

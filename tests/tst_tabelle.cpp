@@ -1,5 +1,6 @@
 // The table: sorting by a head, the letter buttons jumping and filtering, column widths,
 // select all, and the Track list that follows the record.
+#include "catalogue/Tabellenansicht.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -77,24 +78,24 @@ private slots:
     void buchstabenFilternMitDeutschenBegleitern()
     {
         starten(Baender({"Abba", "Ärzte", "Zappa", "Ölkanne", "Oasis", "Sade"}));
-        QCOMPARE(Ausgabebox::BuchstabenFilter(0, "Band"),
+        QCOMPARE(Tabellenansicht::BuchstabenFilter(0, "Band"),
                  QString("select * from Schallplatten where Band like 'a*' or Band like 'ä*' order by Band, LPTitel"));
-        QCOMPARE(Ausgabebox::BuchstabenFilter(18, "Stil"),
+        QCOMPARE(Tabellenansicht::BuchstabenFilter(18, "Stil"),
                  QString("select * from Schallplatten where Stil like 's*' or Stil like 'ß*' order by Band, LPTitel"));
-        QCOMPARE(Ausgabebox::BuchstabenFilter(1, "Band"),
+        QCOMPARE(Tabellenansicht::BuchstabenFilter(1, "Band"),
                  QString("select * from Schallplatten where Band like 'b*' order by Band, LPTitel"));
-        QCOMPARE(Ausgabebox::BuchstabenFilter(28, "Band"),
+        QCOMPARE(Tabellenansicht::BuchstabenFilter(28, "Band"),
                  QString("select * from Schallplatten where Bewertung like '3' order by Band, LPTitel"));
         w->chkTabelle->setChecked(true);
-        w->ButtonAlpabeth_MouseUp(0);
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(0);
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Ärzte"}));
         QCOMPARE(w->MSFlexGrid1->Row(), 0);
         QCOMPARE(w->lblTabellenName->text(), QString("alle"));
-        w->ButtonAlpabeth_MouseUp(14);
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(14);
         QCOMPARE(spalte("Band"), (QStringList{"Oasis", "Ölkanne"}));
         // Clearing the box brings the whole table back.
         w->chkTabelle->setChecked(false);
-        w->chkTabelle_Click();
+        w->tabellenansicht().chkTabelle_Click();
         QCOMPARE(Lesen("TopRow"), QString("0"));
         QCOMPARE(w->MSFlexGrid1->Rows(), 7);
     }
@@ -104,11 +105,11 @@ private slots:
         starten({Zeilenwerte{{"Band", "Abba"}, {"Bewertung", "5"}}, Zeilenwerte{{"Band", "Bach"}, {"Bewertung", "3"}},
                  Zeilenwerte{{"Band", "Cream"}, {"Bewertung", "5"}}});
         QVERIFY(!w->chkTabelle->isChecked());
-        w->ButtonAlpabeth_MouseUp(30); // five stars
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(30); // five stars
         QVERIFY(w->chkTabelle->isChecked());
         QCOMPARE(Lesen("TopRow"), QString("1"));
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Cream"}));
-        w->ButtonAlpabeth_MouseUp(28); // three stars
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(28); // three stars
         QVERIFY(w->chkTabelle->isChecked());
         QCOMPARE(spalte("Band"), QStringList{"Bach"});
     }
@@ -124,20 +125,20 @@ private slots:
         starten(zeilen);
         FlexGrid* g = w->MSFlexGrid1;
         const int vorher = g->Row();
-        w->ButtonAlpabeth_MouseUp(12); // M
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(12); // M
         QCOMPARE(g->TopRow(), 61);
         QCOMPARE(g->Row(), vorher);
         QCOMPARE(g->Rows(), 122);
         // No entry for the letter: nothing moves.
-        w->ButtonAlpabeth_MouseUp(16);
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(16);
         QCOMPARE(g->TopRow(), 61);
         // The first entry in the last row: no scroll to it.
-        w->ButtonAlpabeth_MouseUp(25);
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(25);
         QCOMPARE(g->TopRow(), 61);
         // The chosen column counts.
         w->mnuSpalte[0]->setChecked(false);
         w->mnuSpalte[1]->setChecked(true); // LPTitel: all blank
-        w->ButtonAlpabeth_MouseUp(0);
+        w->tabellenansicht().ButtonAlpabeth_MouseUp(0);
         QCOMPARE(g->TopRow(), 61);
     }
 
@@ -146,14 +147,14 @@ private slots:
         starten(Baender({"Abba", "Eine Band mit einem sehr, sehr langen Namen, der nicht in die Spalte passt"}));
         FlexGrid* g = w->MSFlexGrid1;
         Speichern("TabelleAnordnenCaption2", "Medium0");
-        w->TabelleEinrichten();
+        w->tabellenansicht().TabelleEinrichten();
         QCOMPARE(g->ColWidth(2), 0);
-        w->mnuAllesMarkieren_Click();
+        w->tabellenansicht().mnuAllesMarkieren_Click();
         QCOMPARE(g->Row(), 1);
         QCOMPARE(g->Col(), 0);
         QCOMPARE(g->RowSel(), 2);
         QCOMPARE(g->ColSel(), g->Cols() - 2); // the one hidden column is left out
-        w->mnuTabelleAutosize_Click();
+        w->tabellenansicht().mnuTabelleAutosize_Click();
         QVERIFY(g->ColWidth(0) > 3000);
         QVERIFY(g->ColWidth(0) <= 10000);
         QCOMPARE(g->ColWidth(2), 0); // hidden stays hidden

@@ -1,5 +1,5 @@
-// The table of the main window: column order, visibility and widths from the settings,
-// re-applied whenever the grid may have been rebuilt, and the row change.
+#include "catalogue/Tabellenansicht.h"
+
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensatzansicht.h"
@@ -7,18 +7,23 @@
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/frmSpaltenAnordnen.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Einstellungen.h"
+#include "shell/FensterPlatzieren.h"
 #include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QCursor>
+#include <QEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -34,14 +39,67 @@ QString anordnungSchluessel(int n) { return QStringLiteral("TabelleAnordnenCapti
 
 } // namespace
 
-void Ausgabebox::SpaltenTitelLesen()
+void Tabellenansicht::verbinden()
+{
+    for (int i = 0; i < 15; ++i)
+        connect(box.mnuSpalte[i], &QAction::triggered, this, [this, i] {
+            for (QAction* a : box.mnuSpalte)
+                a->setChecked(false);
+            box.mnuSpalte[i]->setChecked(true);
+        });
+    connect(box.cmdABC, &QPushButton::clicked, this, [this] { box.katalogdatei().MenuAktualisieren_Click(); });
+    connect(box.mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
+    connect(box.mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
+    connect(box.mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
+    connect(box.chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
+    for (int i = 0; i < 32; ++i) {
+        connect(box.ButtonAlpabeth[i], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
+        box.ButtonAlpabeth[i]->installEventFilter(this);
+    }
+    connect(box.Data1, &Datensteuerung::neuAufgebaut, this, [this] { box.MSFlexGrid1->setRecordset(box.Data1->recordset()); });
+    connect(box.Data1, &Datensteuerung::zeileGeaendert, box.MSFlexGrid1, &FlexGrid::zeileGeaendert);
+    connect(box.Data1, &Datensteuerung::zeileAngehaengt, box.MSFlexGrid1, &FlexGrid::zeileAngehaengt);
+    connect(box.Data1, &Datensteuerung::zeileEntfernt, box.MSFlexGrid1, &FlexGrid::zeileEntfernt);
+    connect(box.MSFlexGrid1, &FlexGrid::RowColChange, this, [this] { MSFlexGrid1_RowColChange(); });
+    connect(box.MSFlexGrid1, &FlexGrid::GotFocus, this, [this] { box.AktivesFeld = QStringLiteral("MSFlexGrid1"); });
+    connect(box.MSFlexGrid1, &FlexGrid::KeyPress, this, [](int taste) {
+        if (taste == Qt::Key_Escape)
+            Abbruch = true;
+    });
+    connect(box.MSFlexGrid1, &FlexGrid::MouseDown, this,
+            [this](Qt::MouseButton knopf, Qt::KeyboardModifiers) { MSFlexGrid1_MouseDown(knopf); });
+    connect(box.MSFlexGrid1, &FlexGrid::MouseMove, this, [this](Qt::MouseButtons k) { MSFlexGrid1_MouseMove(k); });
+    connect(box.MSFlexGrid1, &FlexGrid::MouseUp, this, [this] { box.datensatzansicht().TrackListeLaden(); });
+    // The current cell shows in the highlight colours, the cell left behind faintly.
+    connect(box.MSFlexGrid1, &FlexGrid::LeaveCell, this, [this] {
+        QPalette p = box.MSFlexGrid1->palette();
+        p.setColor(QPalette::Highlight, p.color(QPalette::HighlightedText));
+        p.setColor(QPalette::HighlightedText, p.color(QPalette::WindowText));
+        box.MSFlexGrid1->setPalette(p);
+    });
+    connect(box.MSFlexGrid1, &FlexGrid::EnterCell, this, [this] { box.MSFlexGrid1->setPalette(QPalette()); });
+}
+
+bool Tabellenansicht::eventFilter(QObject* objekt, QEvent* ereignis)
+{
+    if (ereignis->type() == QEvent::MouseButtonPress
+        && static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton
+        && objekt->objectName().startsWith(u"ButtonAlpabeth(")) {
+        // The right button chooses the column the letters work on.
+        box.mnuSpaltenkopf->popup(QCursor::pos());
+        return true;
+    }
+    return Teilbereich::eventFilter(objekt, ereignis);
+}
+
+void Tabellenansicht::SpaltenTitelLesen()
 {
     for (int n = 0; n < 18; ++n)
         SpaltenTitel[size_t(n)] =
             Lesen(anordnungSchluessel(n), QLatin1String(Standardspalten[n]) + QStringLiteral("1"));
 }
 
-void Ausgabebox::SpaltenSichtbarkeitAnwenden()
+void Tabellenansicht::SpaltenSichtbarkeitAnwenden()
 {
     for (int n = 0; n < 18; ++n) {
         QString& titel = SpaltenTitel[size_t(n)];
@@ -51,19 +109,19 @@ void Ausgabebox::SpaltenSichtbarkeitAnwenden()
             // A column made visible again after a width of 0 gets the standard width.
             if (breite == 0)
                 breite = 1000;
-            MSFlexGrid1->setColWidth(n, breite);
+            box.MSFlexGrid1->setColWidth(n, breite);
         } else if (titel.endsWith(u'0')) {
             titel.chop(1);
-            MSFlexGrid1->setColWidth(n, 0);
+            box.MSFlexGrid1->setColWidth(n, 0);
         }
     }
 }
 
-void Ausgabebox::TabelleEinrichten(bool trackListeLaden)
+void Tabellenansicht::TabelleEinrichten(bool trackListeLaden)
 {
     if (TabelleNichtAnordnen)
         return;
-    FlexGrid* g = MSFlexGrid1;
+    FlexGrid* g = box.MSFlexGrid1;
     // Keep a width the user has dragged.
     g->setRedraw(false);
     for (int n = 0; n < g->Cols(); ++n)
@@ -76,7 +134,7 @@ void Ausgabebox::TabelleEinrichten(bool trackListeLaden)
     g->setRedraw(true);
 
     if (trackListeLaden)
-        datensatzansicht().TrackListeLaden();
+        box.datensatzansicht().TrackListeLaden();
 
     g->setRedraw(false);
     int breiten[18];
@@ -99,28 +157,28 @@ void Ausgabebox::TabelleEinrichten(bool trackListeLaden)
     g->setRedraw(true);
 }
 
-void Ausgabebox::MSFlexGrid1_RowColChange()
+void Tabellenansicht::MSFlexGrid1_RowColChange()
 {
     if (AutosizeLaeuft)
         return;
     try {
-        Data1->setAbsolutePosition(MSFlexGrid1->Row() - 1);
+        box.Data1->setAbsolutePosition(box.MSFlexGrid1->Row() - 1);
     } catch (const Laufzeitfehler& fehler) {
         // The edit could not be written: the record stays, and so does what was typed.
-        if (Recordset* rs = Data1->recordset(); rs && rs->AbsolutePosition() >= 0) {
-            const QSignalBlocker still(MSFlexGrid1);
-            MSFlexGrid1->setRow(rs->AbsolutePosition() + 1);
+        if (Recordset* rs = box.Data1->recordset(); rs && rs->AbsolutePosition() >= 0) {
+            const QSignalBlocker still(box.MSFlexGrid1);
+            box.MSFlexGrid1->setRow(rs->AbsolutePosition() + 1);
         }
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MSFlexGrid1_RowColChange"));
     }
 }
 
-void Ausgabebox::MSFlexGrid1_MouseDown(Qt::MouseButton knopf)
+void Tabellenansicht::MSFlexGrid1_MouseDown(Qt::MouseButton knopf)
 {
-    FlexGrid* g = MSFlexGrid1;
+    FlexGrid* g = box.MSFlexGrid1;
     if (knopf == Qt::RightButton) {
-        MenuBearbeiten->setDefaultAction(mnuKopieren);
-        MenuBearbeiten->popup(QCursor::pos());
+        box.MenuBearbeiten->setDefaultAction(box.mnuKopieren);
+        box.MenuBearbeiten->popup(QCursor::pos());
     }
     // A click on a head has selected the whole column: sort by it.
     if (g->Row() == g->Rows() - 1 || g->RowSel() != g->Rows() - 1)
@@ -137,17 +195,17 @@ void Ausgabebox::MSFlexGrid1_MouseDown(Qt::MouseButton knopf)
         richtung = QStringLiteral(" ASC");
     }
     try {
-        Data1->setRecordSource(QStringLiteral("select * from Schallplatten order by ") + SpaltenTitel[size_t(spalte)]
+        box.Data1->setRecordSource(QStringLiteral("select * from Schallplatten order by ") + SpaltenTitel[size_t(spalte)]
                                + richtung);
-        Data1->Refresh();
+        box.Data1->Refresh();
     } catch (const Laufzeitfehler&) {
         // Ignored, as in every handler of the table.
     }
 }
 
-void Ausgabebox::MSFlexGrid1_MouseMove(Qt::MouseButtons knoepfe)
+void Tabellenansicht::MSFlexGrid1_MouseMove(Qt::MouseButtons knoepfe)
 {
-    FlexGrid* g = MSFlexGrid1;
+    FlexGrid* g = box.MSFlexGrid1;
     if (knoepfe != Qt::NoButton || g->MouseRow() < 0 || g->MouseCol() < 0)
         return;
     QString text = g->TextMatrix(g->MouseRow(), g->MouseCol());
@@ -155,23 +213,23 @@ void Ausgabebox::MSFlexGrid1_MouseMove(Qt::MouseButtons knoepfe)
     g->setToolTip(breite > g->columnWidth(g->MouseCol()) ? text.left(1000) : QString());
 }
 
-void Ausgabebox::ButtonAlpabeth_MouseUp(int index)
+void Tabellenansicht::ButtonAlpabeth_MouseUp(int index)
 {
     Mauszeiger(ZeigerSanduhr);
     try {
         QString spalte;
-        for (QAction* a : mnuSpalte)
+        for (QAction* a : box.mnuSpalte)
             if (a->isChecked())
                 spalte = a->text();
-        if (index >= 26 && index <= 31 && !chkTabelle->isChecked()) {
+        if (index >= 26 && index <= 31 && !box.chkTabelle->isChecked()) {
             // A rating always filters.
-            chkTabelle->setChecked(true);
+            box.chkTabelle->setChecked(true);
             chkTabelle_Click();
         }
-        FlexGrid* g = MSFlexGrid1;
-        if (!chkTabelle->isChecked()) {
-            const int c = MSFlexGrid1->SpalteSuchen(spalte);
-            const QString buchstabe = ButtonAlpabeth[index]->text();
+        FlexGrid* g = box.MSFlexGrid1;
+        if (!box.chkTabelle->isChecked()) {
+            const int c = box.MSFlexGrid1->SpalteSuchen(spalte);
+            const QString buchstabe = box.ButtonAlpabeth[index]->text();
             for (int zeile = 1; c >= 0 && zeile < g->Rows(); ++zeile) {
                 if (g->TextMatrix(zeile, c).left(1).toUpper() == buchstabe) {
                     // The last row is left out: it would not scroll anyway.
@@ -181,11 +239,11 @@ void Ausgabebox::ButtonAlpabeth_MouseUp(int index)
                 }
             }
         } else {
-            Data1->setRecordSource(BuchstabenFilter(index, spalte));
-            Data1->Refresh();
+            box.Data1->setRecordSource(BuchstabenFilter(index, spalte));
+            box.Data1->Refresh();
             g->setRow(0);
             g->setFocus();
-            CoverAZ();
+            box.CoverAZ();
         }
     } catch (const Laufzeitfehler& fehler) {
         Mauszeiger(ZeigerStandard);
@@ -194,7 +252,7 @@ void Ausgabebox::ButtonAlpabeth_MouseUp(int index)
     Mauszeiger(ZeigerStandard);
 }
 
-QString Ausgabebox::BuchstabenFilter(int index, const QString& spalte)
+QString Tabellenansicht::BuchstabenFilter(int index, const QString& spalte)
 {
     const QString anfang = QStringLiteral("select * from Schallplatten where ");
     const QString ende = QStringLiteral(" order by Band, LPTitel");
@@ -216,23 +274,23 @@ QString Ausgabebox::BuchstabenFilter(int index, const QString& spalte)
     return text + ende;
 }
 
-void Ausgabebox::chkTabelle_Click()
+void Tabellenansicht::chkTabelle_Click()
 {
-    if (chkTabelle->isChecked()) {
+    if (box.chkTabelle->isChecked()) {
         Speichern(QStringLiteral("TopRow"), QStringLiteral("1"));
         return;
     }
     Speichern(QStringLiteral("TopRow"), QStringLiteral("0"));
-    katalogdatei().MenuAktualisieren_Click();
+    box.katalogdatei().MenuAktualisieren_Click();
 }
 
-void Ausgabebox::mnuTabelleAutosize_Click()
+void Tabellenansicht::mnuTabelleAutosize_Click()
 {
-    FlexGrid* g = MSFlexGrid1;
+    FlexGrid* g = box.MSFlexGrid1;
     AutosizeLaeuft = true;
     g->setRedraw(false);
     Mauszeiger(ZeigerSanduhr);
-    lblTemp->setFont(g->font());
+    box.lblTemp->setFont(g->font());
     const QFontMetrics mass(g->font());
     for (int c = 0; c < g->Cols(); ++c) {
         int breite = 0;
@@ -254,9 +312,9 @@ void Ausgabebox::mnuTabelleAutosize_Click()
     TabelleEinrichten();
 }
 
-void Ausgabebox::mnuAllesMarkieren_Click()
+void Tabellenansicht::mnuAllesMarkieren_Click()
 {
-    FlexGrid* g = MSFlexGrid1;
+    FlexGrid* g = box.MSFlexGrid1;
     int sichtbar = 0;
     for (int c = 0; c < g->Cols(); ++c)
         if (g->ColWidth(c) > 0)
@@ -267,4 +325,16 @@ void Ausgabebox::mnuAllesMarkieren_Click()
     g->setColSel(sichtbar - 1);
     g->setRowSel(g->Rows() - 1);
     g->setRedraw(true);
+}
+
+void Tabellenansicht::mnuTabelleAnordnen_Click()
+{
+    {
+        frmSpaltenAnordnen fenster(&box);
+        fenster.Form_Load();
+        FensterPlatzieren(&fenster, &box, QStringLiteral("center"), 10);
+        fenster.Anzeigen();
+    }
+    TabelleEinrichten();
+    mnuTabelleAutosize_Click();
 }
