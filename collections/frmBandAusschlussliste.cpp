@@ -1,6 +1,7 @@
 #include "collections/frmBandAusschlussliste.h"
 
 #include "catalogue/FlexGrid.h"
+#include "collections/Abspielausschluss.h"
 #include "collections/Ausschlusslisten.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Ausgabebox.h"
@@ -32,7 +33,7 @@ void frmBandAusschlussliste::ListeErstellen()
     if (Hauptfenster) {
         Mauszeiger(ZeigerSanduhr);
         const FlexGrid* g = Hauptfenster->MSFlexGrid1;
-        const int spalte = Hauptfenster->BandSpalte();
+        const int spalte = Hauptfenster->abspielausschluss().BandSpalte();
         // The table is taken as sorted by band: only a change from the row before counts.
         QString vorher;
         for (int zeile = 1; zeile < g->Rows(); ++zeile) {

@@ -1,5 +1,6 @@
 #include "playback/Zufallswahl.h"
 
+#include "collections/Abspielausschluss.h"
 #include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
 
@@ -66,7 +67,7 @@ bool Zufallswahl::TontraegerAusgeschlossen()
         return false;
     box.SpalteStil = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Stil"));
     return AusschlussTrifft(box.lstAbspielausschluss, box.MSFlexGrid1->TextMatrix(zeile, box.SpalteStil))
-        || AusschlussTrifft(box.lstBandAusschluss, box.MSFlexGrid1->TextMatrix(zeile, box.BandSpalte()));
+        || AusschlussTrifft(box.lstBandAusschluss, box.MSFlexGrid1->TextMatrix(zeile, box.abspielausschluss().BandSpalte()));
 }
 
 void Zufallswahl::TontraegerZufaellig()
@@ -92,7 +93,7 @@ void Zufallswahl::TontraegerZufaellig()
         // Both counters count rejected draws, not different Carriers: after as many
         // rejections of one kind as there are rows the choice gives up.
         const int anzahl = rs->RecordCount();
-        const int bandSpalte = box.BandSpalte();
+        const int bandSpalte = box.abspielausschluss().BandSpalte();
         int stilZaehler = 0;
         int bandZaehler = 0;
         // Scattered draws fetch a block of rows each; after many rejections (a large table

@@ -49,24 +49,13 @@ public:
 
     // The column headed "Stil", found anew by each start and each random choice; -1 when none.
     int SpalteStil = -1;
-    // ---- Exclusion lists of random play (collections/Ausgabebox_Listen.cpp) ----
-    void mnuStilrichtungAusschliessen_Click();
-    void mnuBandAusschliessen_Click();
-    // The column of the bands: the one headed "Band", else column 0.
-    int BandSpalte() const;
-
-
-
     // ---- Filled in by later subsystems ----
     void CoverListeAktuell();
     void CoverAktualisieren();
     void CoverDown();
     void CoverAZ();
-    void AbspielausschlusslisteLaden();
-    void BandAbspielausschlusslisteLaden();
     void BezLaden();
     void LastanzeigeStarten();
-    void PlaylistSpeichern();
 
     // ---- Subsystem parts ----
     class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
@@ -79,6 +68,8 @@ public:
     class Sequenzer& sequenzer() const { return *m_sequenzer; }
     class Datensatzansicht& datensatzansicht() const { return *m_datensatzansicht; }
     class Tabellenansicht& tabellenansicht() const { return *m_tabellenansicht; }
+    class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
+    class Playlisten& playlisten() const { return *m_playlisten; }
 
     // ---- State of the window ----
     QString AktivesFeld;
@@ -97,7 +88,6 @@ public:
     int TrackItemHoehe = 0;
     int CoverLetzterPlatz = 0;
     int CoverStart = 0;
-    bool PlaylistGeaendert = false;
     // The folder of the Carrier that is playing.
     QString SpielOrdner;
     // Set when the load handler failed; the rest of the start was skipped.
@@ -130,6 +120,8 @@ private:
     class Sequenzer* m_sequenzer = nullptr;
     class Datensatzansicht* m_datensatzansicht = nullptr;
     class Tabellenansicht* m_tabellenansicht = nullptr;
+    class Abspielausschluss* m_abspielausschluss = nullptr;
+    class Playlisten* m_playlisten = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

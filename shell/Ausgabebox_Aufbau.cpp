@@ -78,8 +78,6 @@ void Ausgabebox::EreignisseVerbinden()
     for (Bildknopf* b : ButtonText)
         if (b)
             b->setEnabled(false);
-    connect(mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
-    connect(mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
 
 
     for (QTextEdit* t : {TextSongs, txtSongText, rtfLinks, rtfInfo, rtfSonstiges})
@@ -95,8 +93,6 @@ void Ausgabebox::EreignisseVerbinden()
     for (const auto& [index, feld] : partner)
         Bez[index]->setBuddy(feld);
 
-    // The player.
-    lvwPlaylist->installEventFilter(this);
 
     // Tabs choose the pane of the text area.
     connect(tabTexte, &QTabBar::currentChanged, this, [this](int) { TextseiteZeigen(); });
@@ -131,9 +127,6 @@ void Ausgabebox::TextseiteZeigen()
 
 bool Ausgabebox::eventFilter(QObject* objekt, QEvent* ereignis)
 {
-    if (objekt == lvwPlaylist && ereignis->type() == QEvent::FocusIn)
-        // A row n of the playlist uses mark n; mark 0 stays free.
-        TrackGespielt.assign(size_t(lvwPlaylist->topLevelItemCount()) + 1, 0);
     if (ereignis->type() == QEvent::FocusIn) {
         if (auto* text = qobject_cast<QTextEdit*>(objekt)) {
             AktivesFeld = text->objectName();

@@ -8,6 +8,8 @@
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "catalogue/Tabellenansicht.h"
+#include "collections/Abspielausschluss.h"
+#include "collections/Playlisten.h"
 #include "collections/SqlKonsole.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -120,6 +122,10 @@ void Ausgabebox::TeileAnlegen()
     m_datensatzansicht->verbinden();
     m_tabellenansicht = new Tabellenansicht(*this);
     m_tabellenansicht->verbinden();
+    m_abspielausschluss = new Abspielausschluss(*this);
+    m_abspielausschluss->verbinden();
+    m_playlisten = new Playlisten(*this);
+    m_playlisten->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()
@@ -196,8 +202,8 @@ void Ausgabebox::Form_Load()
         filCover->setPath(DatenbankOrdner + QStringLiteral("Bilder"));
         // 13. - 18.
         CoverListeAktuell();
-        AbspielausschlusslisteLaden();
-        BandAbspielausschlusslisteLaden();
+        abspielausschluss().AbspielausschlusslisteLaden();
+        abspielausschluss().BandAbspielausschlusslisteLaden();
         DatenbankCheck(pfad);
         m_zufallswahl->TontraegerZufaellig();
         BezLaden();
@@ -469,8 +475,8 @@ void Ausgabebox::Form_Unload()
             rs->Update();
     } catch (const Laufzeitfehler&) {
     }
-    if (PlaylistGeaendert)
-        PlaylistSpeichern();
+    if (playlisten().PlaylistGeaendert)
+        playlisten().PlaylistSpeichern();
 
     if (windowState() & Qt::WindowMinimized) {
         // A minimised window keeps the place of the earlier run.

@@ -1,6 +1,7 @@
 // The exclusion lists of styles and bands (their files, the two windows, the lists in
 // force) and the random choice of a Carrier and a Track that passes over them.
 #include "catalogue/Tabellenansicht.h"
+#include "collections/Abspielausschluss.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
@@ -131,10 +132,10 @@ private slots:
         QCOMPARE(eintraege(w->lstBandAusschluss), QStringList{"Heino"});
         // A deleted file leaves the list in force; an empty one empties it.
         QFile::remove(datei);
-        w->AbspielausschlusslisteLaden();
+        w->abspielausschluss().AbspielausschlusslisteLaden();
         QCOMPARE(w->lstAbspielausschluss->count(), 2);
         DateiSchreiben(datei, "");
-        w->AbspielausschlusslisteLaden();
+        w->abspielausschluss().AbspielausschlusslisteLaden();
         QCOMPARE(w->lstAbspielausschluss->count(), 0);
     }
 
