@@ -2,6 +2,8 @@
 
 #include "catalogue/Datensatzansicht.h"
 #include "catalogue/Tabellenansicht.h"
+#include "media/Coververwaltung.h"
+#include "media/Textfenster.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
@@ -52,16 +54,16 @@ void Datensatzbearbeitung::verbinden()
 void Datensatzbearbeitung::NeuerTextFormatieren(QTextEdit* text)
 {
     QFont schrift = text->font();
-    schrift.setFamily(box.StandardFontName);
+    schrift.setFamily(box.textfenster().StandardFontName);
     text->setFont(schrift);
     QTextCharFormat format;
-    format.setFontFamilies({box.StandardFontName});
-    format.setFontPointSize(box.StandardFontsize);
-    format.setFontWeight(box.StandardFontBold ? QFont::Bold : QFont::Normal);
-    format.setFontItalic(box.StandardFontItalic);
-    format.setFontStrikeOut(box.StandardFontStrikethru);
-    format.setFontUnderline(box.StandardFontUnderline);
-    format.setForeground(NummerFarbe(box.StandardColor));
+    format.setFontFamilies({box.textfenster().StandardFontName});
+    format.setFontPointSize(box.textfenster().StandardFontsize);
+    format.setFontWeight(box.textfenster().StandardFontBold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(box.textfenster().StandardFontItalic);
+    format.setFontStrikeOut(box.textfenster().StandardFontStrikethru);
+    format.setFontUnderline(box.textfenster().StandardFontUnderline);
+    format.setForeground(NummerFarbe(box.textfenster().StandardColor));
     text->setCurrentCharFormat(format);
     bool ok = false;
     const double rand = Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50")).toDouble(&ok);
@@ -142,7 +144,7 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
         }
         g->setRedraw(true);
     }
-    box.CoverAktualisieren();
+    box.coververwaltung().CoverAktualisieren();
     Mauszeiger(ZeigerStandard);
 }
 

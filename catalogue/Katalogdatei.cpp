@@ -1,6 +1,7 @@
 #include "catalogue/Katalogdatei.h"
 
 #include "catalogue/Tabellenansicht.h"
+#include "media/Coververwaltung.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datenbank.h"
@@ -105,7 +106,7 @@ void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)
         box.staBar->setPanelText(1, DateinameAusPfad(pfad));
         DatenbankOrdner = OrdnerAusPfad(pfad);
         box.DatenbankCheck(pfad);
-        box.CoverAktualisieren();
+        box.coververwaltung().CoverAktualisieren();
     } catch (const Laufzeitfehler& fehler) {
         // A cancelled dialog leaves everything, panel 1 included, as it was.
         if (fehler.Nummer != Fehlernummer::DialogAbgebrochen) {
@@ -165,7 +166,7 @@ void Katalogdatei::DatenbankKopieAnlegen(const QString& titel, const QString& st
         box.staBar->setPanelText(1, DateinameAusPfad(pfad));
         DatenbankOrdner = OrdnerAusPfad(pfad);
         Speichern(QStringLiteral("ArchivPfad"), pfad);
-        box.CoverAktualisieren();
+        box.coververwaltung().CoverAktualisieren();
     } catch (const Laufzeitfehler& fehler) {
         DatenbankWiederOeffnen(bisher, bisherQuelle);
         Fehlermeldung(fehler, fehlertitel);
@@ -195,9 +196,9 @@ void Katalogdatei::MenuAktualisieren_Click()
         Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
         box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
-        box.CoverAktualisieren();
+        box.coververwaltung().CoverAktualisieren();
         box.tabellenansicht().TabelleEinrichten();
-        box.CoverDown();
+        box.coververwaltung().CoverDown();
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuAktualisieren_Click"));
     }

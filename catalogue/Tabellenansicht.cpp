@@ -1,5 +1,6 @@
 #include "catalogue/Tabellenansicht.h"
 
+#include "media/Coververwaltung.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensatzansicht.h"
@@ -243,7 +244,7 @@ void Tabellenansicht::ButtonAlpabeth_MouseUp(int index)
             box.Data1->Refresh();
             g->setRow(0);
             g->setFocus();
-            box.CoverAZ();
+            box.coververwaltung().CoverAZ();
         }
     } catch (const Laufzeitfehler& fehler) {
         Mauszeiger(ZeigerStandard);

@@ -3,23 +3,14 @@
 // (MSFlexGrid1), the bound record controls, the Track list, the playlist and the
 // player's members and timers. Other windows read and drive its controls directly.
 //
-// Its controls are the plain struct AusgabeboxSteuerelemente. Procedures move into
-// subsystem parts (Teilbereich, see there) as their subsystems are taken apart; the rest
-// are implemented in files grouped by subsystem:
-//   shell/Ausgabebox_Aufbau.cpp          controls, menus and their design places
-//   shell/Ausgabebox_Start.cpp           start, settings, layout, end
-//   catalogue/Ausgabebox_Datensatz.cpp   bound fields, reposition, Carrier stars
-//   catalogue/Ausgabebox_Tabelle.cpp     table layout and table events
-//   and the files of the later subsystems, which add their procedures here.
+// Its controls are the plain struct AusgabeboxSteuerelemente. Its procedures live in the
+// subsystem parts (Teilbereich, see there), which the window makes after its controls and
+// offers by reference. The window itself keeps the start, the settings it reads at start,
+// the layout, the unload, and the state that several parts read.
 #include "shell/AusgabeboxSteuerelemente.h"
 
 #include <QMainWindow>
-#include <QSet>
 #include <QString>
-#include <QStringList>
-
-#include <array>
-#include <vector>
 
 class Ausgabebox : public QMainWindow, public AusgabeboxSteuerelemente {
     Q_OBJECT
@@ -44,19 +35,6 @@ public:
     void AlleFensterSchliessen();
     void TipboxLaden();
 
-    // ---- Catalogue file (the part Katalogdatei); the choice at start stays here ----
-    void mnuDatenbank_Click();
-
-    // The column headed "Stil", found anew by each start and each random choice; -1 when none.
-    int SpalteStil = -1;
-    // ---- Filled in by later subsystems ----
-    void CoverListeAktuell();
-    void CoverAktualisieren();
-    void CoverDown();
-    void CoverAZ();
-    void BezLaden();
-    void LastanzeigeStarten();
-
     // ---- Subsystem parts ----
     class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
     class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
@@ -70,26 +48,24 @@ public:
     class Tabellenansicht& tabellenansicht() const { return *m_tabellenansicht; }
     class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
     class Playlisten& playlisten() const { return *m_playlisten; }
+    class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
+    class Feldbezeichnungen& feldbezeichnungen() const { return *m_feldbezeichnungen; }
+    class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
+    class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
+    class Werkzeugleiste& werkzeugleiste() const { return *m_werkzeugleiste; }
+    class Textfenster& textfenster() const { return *m_textfenster; }
 
-    // ---- State of the window ----
+    // ---- State that several parts read ----
     QString AktivesFeld;
     QString AktivesTextfeld;
     int ShuffleSongProCD = 1;
     // Songs chosen on the current Carrier in this shuffle run.
     int SongZaehler = 1;
-    // The standard font of the text panes, for new entries.
-    QString StandardFontName = QStringLiteral("Segoe UI");
-    double StandardFontsize = 12;
-    bool StandardFontBold = false;
-    bool StandardFontItalic = false;
-    bool StandardFontStrikethru = false;
-    bool StandardFontUnderline = false;
-    qint64 StandardColor = 0;
     int TrackItemHoehe = 0;
-    int CoverLetzterPlatz = 0;
-    int CoverStart = 0;
     // The folder of the Carrier that is playing.
     QString SpielOrdner;
+    // The column headed "Stil", found anew by each start and each random choice; -1 when none.
+    int SpalteStil = -1;
     // Set when the load handler failed; the rest of the start was skipped.
     bool LadenFehlgeschlagen = false;
 
@@ -97,14 +73,8 @@ protected:
     void closeEvent(QCloseEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
     void changeEvent(QEvent* e) override;
-    bool eventFilter(QObject* objekt, QEvent* ereignis) override;
 
 private:
-    // shell/Ausgabebox_Aufbau.cpp
-    void EreignisseVerbinden();
-    // Shows the panes of the chosen text tab (1 covers, 2 to 4 texts, 5 playlists).
-    void TextseiteZeigen();
-
     bool m_entladen = false;
     bool m_fensterSchliessenLaeuft = false;
     class Einzelinstanz* m_instanz = nullptr;
@@ -122,6 +92,12 @@ private:
     class Tabellenansicht* m_tabellenansicht = nullptr;
     class Abspielausschluss* m_abspielausschluss = nullptr;
     class Playlisten* m_playlisten = nullptr;
+    class Coververwaltung* m_coververwaltung = nullptr;
+    class Feldbezeichnungen* m_feldbezeichnungen = nullptr;
+    class Lastanzeige* m_lastanzeige = nullptr;
+    class Schwesterprogramme* m_schwesterprogramme = nullptr;
+    class Werkzeugleiste* m_werkzeugleiste = nullptr;
+    class Textfenster* m_textfenster = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

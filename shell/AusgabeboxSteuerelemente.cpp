@@ -69,6 +69,25 @@ void AusgabeboxSteuerelemente::anlegen(QMainWindow* fenster)
     steuerelementeAnlegen(fenster);
     menuesAnlegen(fenster);
     entwurfsplaetze();
+
+    // Controls whose commands are not built yet wait, greyed.
+    for (QWidget* wartet : std::initializer_list<QWidget*>{
+             imgMiniPlayer, imgLautsprecherregler, imgMusikpfad, cmdBandTitel, cmdTextBig, cmdTextSmall,
+             cmdCoverUp, cmdCoverDown, imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
+        wartet->setEnabled(false);
+    for (Bildknopf* b : ButtonText)
+        if (b)
+            b->setEnabled(false);
+
+    // Label captions keep "&&" for a literal "&", as captions with an access key do.
+    const std::pair<int, QWidget*> partner[] = {
+        {0, TextBand},         {1, TextLPTitel},   {2, TextMedium},  {3, TextSongs},
+        {4, TextInfo},         {5, TextPreis},     {6, TextStil},    {7, TextKaufdatum},
+        {8, TextBestellNr},    {9, TextPlattenfirma}, {10, TextMusikpfad}, {11, cboEbook},
+        {12, filTrack},
+    };
+    for (const auto& [index, feld] : partner)
+        Bez[index]->setBuddy(feld);
 }
 
 void AusgabeboxSteuerelemente::Platz(QWidget* w, int links, int oben, int breite, int hoehe)

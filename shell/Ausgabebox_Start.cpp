@@ -1,16 +1,22 @@
 // The road from the start of the process to a usable main window and back.
 #include "shell/Ausgabebox.h"
 
+#include "auxiliary/Lastanzeige.h"
+#include "auxiliary/Schwesterprogramme.h"
 #include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Datensteuerung.h"
+#include "catalogue/Feldbezeichnungen.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "catalogue/Tabellenansicht.h"
+#include "catalogue/Werkzeugleiste.h"
 #include "collections/Abspielausschluss.h"
 #include "collections/Playlisten.h"
 #include "collections/SqlKonsole.h"
+#include "media/Coververwaltung.h"
+#include "media/Textfenster.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -91,7 +97,7 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     setAttribute(Qt::WA_DeleteOnClose, false);
     anlegen(this);
     TeileAnlegen();
-    EreignisseVerbinden();
+    connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
     for (int i = 0; i < 18; ++i)
         tabellenansicht().SpaltenTitel[size_t(i)].clear();
     staBar->setPanelText(2, QStringLiteral("no play"));
@@ -126,6 +132,18 @@ void Ausgabebox::TeileAnlegen()
     m_abspielausschluss->verbinden();
     m_playlisten = new Playlisten(*this);
     m_playlisten->verbinden();
+    m_coververwaltung = new Coververwaltung(*this);
+    m_coververwaltung->verbinden();
+    m_feldbezeichnungen = new Feldbezeichnungen(*this);
+    m_feldbezeichnungen->verbinden();
+    m_lastanzeige = new Lastanzeige(*this);
+    m_lastanzeige->verbinden();
+    m_schwesterprogramme = new Schwesterprogramme(*this);
+    m_schwesterprogramme->verbinden();
+    m_werkzeugleiste = new Werkzeugleiste(*this);
+    m_werkzeugleiste->verbinden();
+    m_textfenster = new Textfenster(*this);
+    m_textfenster->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()
@@ -201,13 +219,13 @@ void Ausgabebox::Form_Load()
         filHtml->setPath(ProgrammOrdner + QStringLiteral("html"));
         filCover->setPath(DatenbankOrdner + QStringLiteral("Bilder"));
         // 13. - 18.
-        CoverListeAktuell();
+        coververwaltung().CoverListeAktuell();
         abspielausschluss().AbspielausschlusslisteLaden();
         abspielausschluss().BandAbspielausschlusslisteLaden();
         DatenbankCheck(pfad);
         m_zufallswahl->TontraegerZufaellig();
-        BezLaden();
-        LastanzeigeStarten();
+        feldbezeichnungen().BezLaden();
+        lastanzeige().LastanzeigeStarten();
         // 19. - 22.
         filPlaylist->setPath(DatenbankOrdner + QStringLiteral("Playlist/"));
         TrackItemHoehe = filTrack->fontMetrics().height() + 2;
@@ -284,24 +302,25 @@ void Ausgabebox::RegistryLesen()
     einzug.setLeftMargin(Px(50));
     rtfLinks->textCursor().mergeBlockFormat(einzug);
 
-    StandardFontName = Lesen(QStringLiteral("StandardFontName"), QStringLiteral("Segoe UI"));
+    Textfenster& schrift = textfenster();
+    schrift.StandardFontName = Lesen(QStringLiteral("StandardFontName"), QStringLiteral("Segoe UI"));
     for (QTextEdit* t : {TextSongs, rtfInfo, rtfSonstiges}) {
         QFont f = t->font();
-        f.setFamily(StandardFontName);
+        f.setFamily(schrift.StandardFontName);
         t->setFont(f);
     }
     if (const auto v = alsZahl(Lesen(QStringLiteral("StandardFontsize"), QStringLiteral("12"))); v && *v > 0)
-        StandardFontsize = *v;
+        schrift.StandardFontsize = *v;
     if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontBold"), wahrheit(false))))
-        StandardFontBold = *v;
+        schrift.StandardFontBold = *v;
     if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontItalic"), wahrheit(false))))
-        StandardFontItalic = *v;
+        schrift.StandardFontItalic = *v;
     if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontStrikethru"), wahrheit(false))))
-        StandardFontStrikethru = *v;
+        schrift.StandardFontStrikethru = *v;
     if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontUnderline"), wahrheit(false))))
-        StandardFontUnderline = *v;
+        schrift.StandardFontUnderline = *v;
     if (const auto v = alsZahl(Lesen(QStringLiteral("StandardColor"), QStringLiteral("0"))))
-        StandardColor = qint64(*v);
+        schrift.StandardColor = qint64(*v);
 
     // The program font: what TextBand gets is what every other field gets.
     QFont programm = TextBand->font();
@@ -341,23 +360,7 @@ void Ausgabebox::DatenbankCheck(const QString& pfad)
     MsgNimb(QStringLiteral("Der Datenbank-Manager wird gestartet, dort finden Sie den Menüpunkt "
                            "'Datenbank Update...'."),
             1, 0, QStringLiteral("Datenbank-Manager starten"), 0);
-    mnuDatenbank_Click();
-}
-
-void Ausgabebox::mnuDatenbank_Click()
-{
-    try {
-        const QString programm = ProgrammOrdner + QStringLiteral("Karteiwart");
-        if (!D().shell().starten(programm, {}))
-            throw Laufzeitfehler(Fehlernummer::DateiNichtGefunden);
-        // The tool gets the database to itself: the program ends.
-        QCoreApplication::processEvents();
-        Data1->Refresh();
-        QCoreApplication::processEvents();
-        AlleFensterSchliessen();
-    } catch (const Laufzeitfehler& fehler) {
-        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuDatenbank_Click"));
-    }
+    schwesterprogramme().mnuDatenbank_Click();
 }
 
 void Ausgabebox::Form_Resize()
@@ -398,9 +401,10 @@ void Ausgabebox::Form_Resize()
 
     const int anzahl = (hoehe - 1900) / 970;
     const int letzte = std::max(0, int(lstCover->count()) - 1);
-    CoverLetzterPlatz = std::max(0, std::min({anzahl, letzte, 21}));
-    CoverStart = CoverStart - CoverLetzterPlatz - 1;
-    CoverDown();
+    Coververwaltung& cover = coververwaltung();
+    cover.CoverLetzterPlatz = std::max(0, std::min({anzahl, letzte, 21}));
+    cover.CoverStart = cover.CoverStart - cover.CoverLetzterPlatz - 1;
+    cover.CoverDown();
 
     // The running title lives in the caption of the minimised window.
     if (mnuLaufschrift->isChecked() && staBar->PanelText(2).contains(u"playing:")) {
@@ -493,13 +497,14 @@ void Ausgabebox::Form_Unload()
     for (int n = 0; n < MSFlexGrid1->Cols(); ++n)
         Speichern(QStringLiteral("%1Spaltenbreite").arg(n), QString::number(MSFlexGrid1->ColWidth(n)));
     MSFlexGrid1->setRedraw(true);
-    Speichern(QStringLiteral("StandardFontName"), StandardFontName);
-    Speichern(QStringLiteral("StandardFontsize"), QString::number(StandardFontsize));
-    Speichern(QStringLiteral("StandardFontBold"), wahrheit(StandardFontBold));
-    Speichern(QStringLiteral("StandardFontItalic"), wahrheit(StandardFontItalic));
-    Speichern(QStringLiteral("StandardFontStrikethru"), wahrheit(StandardFontStrikethru));
-    Speichern(QStringLiteral("StandardFontUnderline"), wahrheit(StandardFontUnderline));
-    Speichern(QStringLiteral("StandardColor"), QString::number(StandardColor));
+    const Textfenster& schrift = textfenster();
+    Speichern(QStringLiteral("StandardFontName"), schrift.StandardFontName);
+    Speichern(QStringLiteral("StandardFontsize"), QString::number(schrift.StandardFontsize));
+    Speichern(QStringLiteral("StandardFontBold"), wahrheit(schrift.StandardFontBold));
+    Speichern(QStringLiteral("StandardFontItalic"), wahrheit(schrift.StandardFontItalic));
+    Speichern(QStringLiteral("StandardFontStrikethru"), wahrheit(schrift.StandardFontStrikethru));
+    Speichern(QStringLiteral("StandardFontUnderline"), wahrheit(schrift.StandardFontUnderline));
+    Speichern(QStringLiteral("StandardColor"), QString::number(schrift.StandardColor));
     Speichern(QStringLiteral("HäkchenBildpfad"), chkBildpfad->isChecked() ? QStringLiteral("1")
                                                                           : QStringLiteral("0"));
     if (Hauptfenster == this)

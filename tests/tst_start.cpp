@@ -1,5 +1,6 @@
 // The start of the program: choice of the catalogue, the second instance, the age test,
 // a damaged catalogue, and what the end keeps for the next start.
+#include "media/Textfenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -192,7 +193,7 @@ private slots:
             w->move(Px(600), Px(300));
             w->resize(Px(12000), Px(9000));
             w->MSFlexGrid1->setColWidth(0, 2400);
-            w->StandardFontBold = true;
+            w->textfenster().StandardFontBold = true;
             w->chkBildpfad->setChecked(true);
             w->Form_Unload();
         }

@@ -1,4 +1,0 @@
-// The load display of the status bar.
-#include "shell/Ausgabebox.h"
-
-void Ausgabebox::LastanzeigeStarten() {}

@@ -1,0 +1,3 @@
+#include "auxiliary/Lastanzeige.h"
+
+void Lastanzeige::LastanzeigeStarten() {}

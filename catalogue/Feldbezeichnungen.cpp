@@ -1,0 +1,3 @@
+#include "catalogue/Feldbezeichnungen.h"
+
+void Feldbezeichnungen::BezLaden() {}
