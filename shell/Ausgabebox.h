@@ -36,24 +36,24 @@ public:
     void TipboxLaden();
 
     // ---- Subsystem parts ----
-    class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
-    class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
     class Katalogdatei& katalogdatei() const { return *m_katalogdatei; }
+    class Datensatzansicht& datensatzansicht() const { return *m_datensatzansicht; }
     class Datensatzbearbeitung& datensatzbearbeitung() const { return *m_datensatzbearbeitung; }
-    class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
+    class Tabellenansicht& tabellenansicht() const { return *m_tabellenansicht; }
+    class Feldbezeichnungen& feldbezeichnungen() const { return *m_feldbezeichnungen; }
+    class Werkzeugleiste& werkzeugleiste() const { return *m_werkzeugleiste; }
     class Abspieler& abspieler() const { return *m_abspieler; }
     class Trackliste& trackliste() const { return *m_trackliste; }
     class Sequenzer& sequenzer() const { return *m_sequenzer; }
-    class Datensatzansicht& datensatzansicht() const { return *m_datensatzansicht; }
-    class Tabellenansicht& tabellenansicht() const { return *m_tabellenansicht; }
-    class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
+    class Zufallswahl& zufallswahl() const { return *m_zufallswahl; }
+    class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
     class Playlisten& playlisten() const { return *m_playlisten; }
+    class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
+    class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
     class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
-    class Feldbezeichnungen& feldbezeichnungen() const { return *m_feldbezeichnungen; }
-    class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
-    class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
-    class Werkzeugleiste& werkzeugleiste() const { return *m_werkzeugleiste; }
     class Textfenster& textfenster() const { return *m_textfenster; }
+    class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
+    class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
 
     // ---- State that several parts read ----
     QString AktivesFeld;
@@ -80,24 +80,24 @@ private:
     class Einzelinstanz* m_instanz = nullptr;
     // The parts, children of the window made after its controls.
     void TeileAnlegen();
-    class Schlafmodus* m_schlafmodus = nullptr;
-    class Zufallswahl* m_zufallswahl = nullptr;
     class Katalogdatei* m_katalogdatei = nullptr;
+    class Datensatzansicht* m_datensatzansicht = nullptr;
     class Datensatzbearbeitung* m_datensatzbearbeitung = nullptr;
-    class SqlKonsole* m_sqlKonsole = nullptr;
+    class Tabellenansicht* m_tabellenansicht = nullptr;
+    class Feldbezeichnungen* m_feldbezeichnungen = nullptr;
+    class Werkzeugleiste* m_werkzeugleiste = nullptr;
     class Abspieler* m_abspieler = nullptr;
     class Trackliste* m_trackliste = nullptr;
     class Sequenzer* m_sequenzer = nullptr;
-    class Datensatzansicht* m_datensatzansicht = nullptr;
-    class Tabellenansicht* m_tabellenansicht = nullptr;
-    class Abspielausschluss* m_abspielausschluss = nullptr;
+    class Zufallswahl* m_zufallswahl = nullptr;
+    class Schlafmodus* m_schlafmodus = nullptr;
     class Playlisten* m_playlisten = nullptr;
+    class SqlKonsole* m_sqlKonsole = nullptr;
+    class Abspielausschluss* m_abspielausschluss = nullptr;
     class Coververwaltung* m_coververwaltung = nullptr;
-    class Feldbezeichnungen* m_feldbezeichnungen = nullptr;
-    class Lastanzeige* m_lastanzeige = nullptr;
-    class Schwesterprogramme* m_schwesterprogramme = nullptr;
-    class Werkzeugleiste* m_werkzeugleiste = nullptr;
     class Textfenster* m_textfenster = nullptr;
+    class Schwesterprogramme* m_schwesterprogramme = nullptr;
+    class Lastanzeige* m_lastanzeige = nullptr;
 };
 
 // The one main window, for the other windows; nullptr before it exists.

@@ -36,6 +36,7 @@
 #include "shell/Globale.h"
 #include "shell/Mausrad.h"
 #include "shell/Steuerelemente.h"
+#include "shell/Teilbereich.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -108,42 +109,31 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
 
 void Ausgabebox::TeileAnlegen()
 {
-    m_schlafmodus = new Schlafmodus(*this);
-    m_schlafmodus->verbinden();
-    m_zufallswahl = new Zufallswahl(*this);
-    m_zufallswahl->verbinden();
     m_katalogdatei = new Katalogdatei(*this);
-    m_katalogdatei->verbinden();
-    m_datensatzbearbeitung = new Datensatzbearbeitung(*this);
-    m_datensatzbearbeitung->verbinden();
-    m_sqlKonsole = new SqlKonsole(*this);
-    m_sqlKonsole->verbinden();
-    m_abspieler = new Abspieler(*this);
-    m_abspieler->verbinden();
-    m_trackliste = new Trackliste(*this);
-    m_trackliste->verbinden();
-    m_sequenzer = new Sequenzer(*this);
-    m_sequenzer->verbinden();
     m_datensatzansicht = new Datensatzansicht(*this);
-    m_datensatzansicht->verbinden();
+    m_datensatzbearbeitung = new Datensatzbearbeitung(*this);
     m_tabellenansicht = new Tabellenansicht(*this);
-    m_tabellenansicht->verbinden();
-    m_abspielausschluss = new Abspielausschluss(*this);
-    m_abspielausschluss->verbinden();
-    m_playlisten = new Playlisten(*this);
-    m_playlisten->verbinden();
-    m_coververwaltung = new Coververwaltung(*this);
-    m_coververwaltung->verbinden();
     m_feldbezeichnungen = new Feldbezeichnungen(*this);
-    m_feldbezeichnungen->verbinden();
-    m_lastanzeige = new Lastanzeige(*this);
-    m_lastanzeige->verbinden();
-    m_schwesterprogramme = new Schwesterprogramme(*this);
-    m_schwesterprogramme->verbinden();
     m_werkzeugleiste = new Werkzeugleiste(*this);
-    m_werkzeugleiste->verbinden();
+    m_abspieler = new Abspieler(*this);
+    m_trackliste = new Trackliste(*this);
+    m_sequenzer = new Sequenzer(*this);
+    m_zufallswahl = new Zufallswahl(*this);
+    m_schlafmodus = new Schlafmodus(*this);
+    m_playlisten = new Playlisten(*this);
+    m_sqlKonsole = new SqlKonsole(*this);
+    m_abspielausschluss = new Abspielausschluss(*this);
+    m_coververwaltung = new Coververwaltung(*this);
     m_textfenster = new Textfenster(*this);
-    m_textfenster->verbinden();
+    m_schwesterprogramme = new Schwesterprogramme(*this);
+    m_lastanzeige = new Lastanzeige(*this);
+    // Wired once all are there, so that a part may call another while it wires itself.
+    for (Teilbereich* teil : std::initializer_list<Teilbereich*>{
+             m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
+             m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
+             m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_abspielausschluss,
+             m_coververwaltung, m_textfenster, m_schwesterprogramme, m_lastanzeige})
+        teil->verbinden();
 }
 
 Ausgabebox::~Ausgabebox()

@@ -7,7 +7,7 @@
 // - is made by Ausgabebox after the controls, as a child of the window, so that it
 //   outlives the controls when the window goes, and the window offers it by reference;
 // - wires its own controls, actions and timers in verbinden(), which the window calls
-//   once after its build;
+//   once, when all parts are made;
 // - keeps the state that only it reads private. What several parts read stays on the
 //   window, or is a global where the system has one.
 // Parts call each other directly through the window, in the order the procedures call
