@@ -1,6 +1,7 @@
 #include "auxiliary/Schwesterprogramme.h"
 
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "platform/Dienste.h"
@@ -8,7 +9,6 @@
 #include "shell/Globale.h"
 
 #include <QAction>
-#include <QCoreApplication>
 
 void Schwesterprogramme::verbinden()
 {
@@ -22,9 +22,9 @@ void Schwesterprogramme::mnuDatenbank_Click()
         if (!D().shell().starten(programm, {}))
             throw Laufzeitfehler(Fehlernummer::DateiNichtGefunden);
         // The tool gets the database to itself: the program ends.
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         box.Data1->Refresh();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         box.AlleFensterSchliessen();
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuDatenbank_Click"));

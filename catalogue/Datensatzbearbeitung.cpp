@@ -5,6 +5,7 @@
 #include "media/Coververwaltung.h"
 #include "media/Textfenster.h"
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
@@ -21,7 +22,6 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
 #include <QTextEdit>
@@ -76,7 +76,7 @@ void Datensatzbearbeitung::MenuNeuEingabe_Click()
 {
     try {
         MenuSpeichern_Click();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         Recordset* rs = box.Data1->recordset();
         if (!rs)
             throw Laufzeitfehler(91);
@@ -164,7 +164,7 @@ void Datensatzbearbeitung::MenuEintragLoeschen_Click()
         const int anzahl = int(zeilen.size());
         for (int n = 1; n <= anzahl; ++n) {
             box.Bez[13]->setText(QString::number(n));
-            QCoreApplication::processEvents();
+            EreignisseZulassen();
             const int zeile = zeilen[size_t(anzahl - n)];
             if (zeile >= g->Rows())
                 continue;

@@ -3,6 +3,7 @@
 #include "catalogue/Tabellenansicht.h"
 #include "media/Coververwaltung.h"
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datenbank.h"
 #include "catalogue/Datensteuerung.h"
@@ -17,7 +18,6 @@
 #include "shell/Steuerelemente.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
 
@@ -91,12 +91,12 @@ void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)
         box.Data1->setDatabaseName(QString());
         box.Data1->setRecordSource(QString());
         box.Data1->Refresh();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         box.tabellenansicht().TabelleEinrichten();
         box.Data1->setDatabaseName(pfad);
         box.Data1->setRecordSource(GanzeTabelle);
         box.Data1->Refresh();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
         box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));
@@ -153,13 +153,13 @@ void Katalogdatei::DatenbankKopieAnlegen(const QString& titel, const QString& st
         }
         // Closing writes what is pending, so that a copy of the open file holds every row.
         box.Data1->schliessen();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         kopieren(offeneKopieren ? Lesen(QStringLiteral("ArchivPfad"), vorlage()) : vorlage(), pfad);
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         box.Data1->setDatabaseName(pfad);
         box.Data1->setRecordSource(NachBand);
         box.Data1->Refresh();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         Speichern(QStringLiteral("Data1RecordSource"), NachBand);
         if (offeneKopieren)
             box.tabellenansicht().TabelleEinrichten();
@@ -192,7 +192,7 @@ void Katalogdatei::MenuAktualisieren_Click()
         box.Data1->setRecordSource(QStringLiteral("Schallplatten"));
         box.Data1->setRecordSource(GanzeTabelle);
         box.Data1->Refresh();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         Speichern(QStringLiteral("Data1RecordSource"), GanzeTabelle);
         box.lblTabellenName->setText(QStringLiteral("alle"));
         Speichern(QStringLiteral("TabellenName"), QStringLiteral("alle"));

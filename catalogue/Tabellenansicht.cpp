@@ -2,6 +2,7 @@
 
 #include "media/Coververwaltung.h"
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
@@ -19,7 +20,6 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QLabel>
@@ -303,7 +303,7 @@ void Tabellenansicht::mnuTabelleAutosize_Click()
                 text.truncate(umbruch);
             breite = std::max(breite, mass.horizontalAdvance(text.left(300)));
             if (zeile % 2000 == 1999)
-                QCoreApplication::processEvents();
+                EreignisseZulassen();
         }
         g->setColWidth(c, std::min(Twips(breite) + 200, 10000));
     }

@@ -1,6 +1,7 @@
 #include "catalogue/Werkzeugleiste.h"
 
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Katalogdatei.h"
@@ -8,7 +9,6 @@
 #include "collections/SqlKonsole.h"
 #include "shell/Steuerelemente.h"
 
-#include <QCoreApplication>
 
 #include <functional>
 #include <map>
@@ -33,7 +33,7 @@ void Werkzeugleiste::verbinden()
         }
         const std::function<void()> befehl = it->second;
         connect(box.cmdButton[i], &Bildknopf::MouseUp, this, [befehl](Qt::MouseButton knopf) {
-            QCoreApplication::processEvents();
+            EreignisseZulassen();
             if (knopf == Qt::LeftButton)
                 befehl();
         });

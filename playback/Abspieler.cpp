@@ -5,6 +5,7 @@
 #include "catalogue/Datensatzansicht.h"
 #include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
@@ -23,7 +24,6 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QFileInfo>
@@ -41,19 +41,14 @@ const QString Abspieler::Alias = QStringLiteral("MyAlias");
 
 namespace {
 
-void warten() { QCoreApplication::processEvents(); }
-
 double uhrzeit() { return D().uhr().sekundenSeitMitternacht(); }
-
-// The last four characters in lower case, as the start command tests endings.
-QString endung(const QString& name) { return name.right(4).toLower(); }
 
 bool gehoertInsFenster(const QString& name)
 {
     static const QStringList endungen = {".avi", ".wmv", ".mpg", ".jpg", "jpeg", ".gif", ".png",
                                          ".bmp", ".tif", "tiff", ".pcx", ".rle", ".wmf", ".dib",
                                          ".emf", ".cur", ".mp4", ".flv", "m2ts"};
-    return endungen.contains(endung(name));
+    return endungen.contains(EndungVier(name));
 }
 
 double anspielzeit()
@@ -159,7 +154,7 @@ void Abspieler::imgStart_Click()
     MciStoppen(Alias);
     if (FensterMedium && WinMediaPlayer)
         WinMediaPlayer->MedienSchliessen();
-    warten();
+    EreignisseZulassen();
     SonderfunktionenAus();
     box.SpalteStil = -1;
     for (int c = 0; c < 18 && box.SpalteStil < 0; ++c)
@@ -206,12 +201,12 @@ void Abspieler::imgStart_Click()
             const double laenge = BassTracklaenge(pfad);
             box.trackliste().BewertungTracks();
             MciDateiAbspielen(pfad, Alias);
-            warten();
+            EreignisseZulassen();
             TrackEndeZeit = uhrzeit() + laenge;
-        } else if (endung(name) == u".mov") {
+        } else if (EndungVier(name) == u".mov") {
             box.trackliste().BewertungTracks();
             MciDateiAbspielen(pfad, Alias);
-            warten();
+            EreignisseZulassen();
         } else {
             MediaPlayerPfad(pfad);
         }
@@ -261,18 +256,18 @@ void Abspieler::imgStart_Click()
             MciDateiAbspielen(pfad, Alias);
             box.Bez[12]->setText(nummer);
             box.trackliste().BewertungTracks();
-            warten();
+            EreignisseZulassen();
             TrackEndeZeit = uhrzeit() + laenge;
-        } else if (endung(eintrag) == u".mov") {
+        } else if (EndungVier(eintrag) == u".mov") {
             MciDateiAbspielen(pfad, Alias);
             box.Bez[12]->setText(nummer);
             box.trackliste().BewertungTracks();
-            warten();
+            EreignisseZulassen();
         } else {
             MediaPlayerPfad(pfad);
             box.Bez[12]->setText(nummer);
             box.trackliste().BewertungTracks();
-            warten();
+            EreignisseZulassen();
         }
         if (box.chkTracksZufaellig->isChecked()) {
             if (TrackIndex >= int(TrackGespielt.size()))
@@ -289,7 +284,7 @@ void Abspieler::imgStart_Click()
         box.staBar->setPanelText(2, LaufenderTrack);
     }
     // Room for the player control below the cover.
-    if (wmp && endung(box.filTrack->List(TrackIndex)) != u".mov") {
+    if (wmp && EndungVier(box.filTrack->List(TrackIndex)) != u".mov") {
         box.Bild1->resize(box.Bild1->width(), Px(3195));
         box.imgBildpfad->resize(box.imgBildpfad->width(), Px(3195));
     }
@@ -300,7 +295,7 @@ void Abspieler::MediaPlayerPfad(const QString& pfad)
 {
     if (MediaPlayer1Sichtbar) {
         box.MediaPlayer1Spieler->close();
-        warten();
+        EreignisseZulassen();
     }
     box.cmdInfoTrack->show();
     FensterMedium = gehoertInsFenster(box.filTrack->List(TrackIndex));
@@ -327,7 +322,7 @@ void Abspieler::imgStop_Click()
     if (FensterMedium && WinMediaPlayer)
         WinMediaPlayer->MedienSchliessen();
     box.cmdInfoTrack->hide();
-    warten();
+    EreignisseZulassen();
     box.setWindowTitle(Ausgabebox::Titel);
     box.staBar->setPanelText(2, QStringLiteral("no play"));
     box.Bild1->resize(box.Bild1->width(), Px(4150));
@@ -349,7 +344,7 @@ void Abspieler::imgStop_Click()
         MediaPlayer1Zeigen(false);
     }
     MciStoppen(Alias);
-    warten();
+    EreignisseZulassen();
 }
 
 void Abspieler::imgPause_Click()
@@ -385,7 +380,7 @@ void Abspieler::imgResume_Click()
             }
         }
     }
-    warten();
+    EreignisseZulassen();
     TrackIndex = ResumeIndex;
     imgStart_Click();
     box.MediaPlayer1Spieler->setCurrentPosition(ResumePosition);
@@ -495,9 +490,9 @@ void Abspieler::TimerPosAB_Timer()
 void Abspieler::cmdPlayAsso_Click()
 {
     imgStop_Click();
-    warten();
+    EreignisseZulassen();
     const QString pfad = box.TextMusikpfad->text() + box.filTrack->List(TrackIndex);
-    warten();
+    EreignisseZulassen();
     D().shell().oeffnen(pfad);
 }
 
@@ -532,7 +527,7 @@ void Abspieler::MediaPlayer1_MouseDown(Qt::MouseButton knopf)
     if (!videos.contains(eintrag.right(4)))
         return;
     imgStop_Click();
-    warten();
+    EreignisseZulassen();
     frmWinMediaPlayer* fenster = WinMediaPlayerFenster();
     fenster->show();
     fenster->raise();

@@ -3,6 +3,7 @@
 #include "playback/Schlafmodus.h"
 
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -13,7 +14,6 @@
 #include "shell/Steuerelemente.h"
 
 #include <QAction>
-#include <QCoreApplication>
 
 void Schlafmodus::verbinden()
 {
@@ -83,7 +83,7 @@ void Schlafmodus::TimerSleep_Timer()
         return;
     if (!SleepHerunterfahren) {
         box.AlleFensterSchliessen();
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         return;
     }
     // Once the computer is on its way down, a second request could only be refused.
@@ -99,5 +99,5 @@ void Schlafmodus::TimerSleep_Timer()
     MsgNimb(QStringLiteral("Der PC konnte nicht heruntergefahren werden.\nRillenkammer wird beendet."), 3, 0,
             QStringLiteral("Sleep-Modus"), 30);
     box.AlleFensterSchliessen();
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
 }

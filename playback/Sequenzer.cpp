@@ -1,6 +1,7 @@
 #include "playback/Sequenzer.h"
 
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -16,31 +17,11 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QTreeWidget>
 
 namespace {
 
-void warten(int ms)
-{
-    D().uhr().warten(ms);
-    QCoreApplication::processEvents();
-}
-
 double uhrzeit() { return D().uhr().sekundenSeitMitternacht(); }
-
-// Jet's Val on a setting: the leading number, 0 when there is none.
-double wert(const QString& text)
-{
-    QString zahl;
-    for (const QChar c : text.trimmed()) {
-        if (c.isDigit() || (c == u'.' && !zahl.contains(u'.')) || (c == u'-' && zahl.isEmpty()))
-            zahl += c;
-        else
-            break;
-    }
-    return zahl.toDouble();
-}
 
 // The re-entry guard of a timer handler that waits.
 struct Sperre {
@@ -151,7 +132,7 @@ void Sequenzer::chkShuffle_Click()
                       QStringLiteral("Songs pro Datenträger"), Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1")));
         if (!antwort.isEmpty()) {
             Speichern(QStringLiteral("ShuffleSongProCD"), antwort);
-            box.ShuffleSongProCD = int(wert(antwort));
+            box.ShuffleSongProCD = int(Val(antwort));
         }
     } else {
         ModusSetzen(box.chkAlleTracks, false);
@@ -199,7 +180,7 @@ void Sequenzer::mnuPauseZwischenTracks_Click()
                       Lesen(QStringLiteral("PauseZwischenTracks"), QStringLiteral("0")));
         if (antwort.isEmpty())
             return;
-        if (wert(antwort) > 60
+        if (Val(antwort) > 60
             && MsgNimb(QStringLiteral("Die Wartezeit ist größer als 60 Sekunden, \n"
                                       "soll diese Wartezeit übernommen werden?"),
                        22, 1, QStringLiteral("Sicherheitsabfrage"), 0)
@@ -228,8 +209,8 @@ bool Sequenzer::TrackZuEnde(bool mitAnspielen) const
 
 void Sequenzer::ListenEndeStoppen()
 {
-    QCoreApplication::processEvents();
-    warten(500);
+    EreignisseZulassen();
+    Warten(500);
     box.abspieler().imgStop_Click();
 }
 
@@ -397,15 +378,15 @@ void Sequenzer::Timer1_Timer()
         break;
     }
 
-    const int pause = int(wert(Lesen(QStringLiteral("PauseZwischenTracks"), QStringLiteral("0"))));
+    const int pause = int(Val(Lesen(QStringLiteral("PauseZwischenTracks"), QStringLiteral("0"))));
     if (pause <= 0) {
-        warten(500);
+        Warten(500);
     } else {
         for (int i = 1; i <= pause; ++i) {
             box.imgPause[0]->hide();
             box.imgPause[1]->show();
             box.staBar->setPanelText(2, QString::number(pause + 1 - i) + QStringLiteral(" Sek. Pause"));
-            warten(1000);
+            Warten(1000);
             if (Abbruch) {
                 Abbruch = false;
                 box.imgPause[0]->show();
@@ -462,15 +443,15 @@ void Sequenzer::Timer2_Timer()
     QString text = LaufschriftText(m_laufschriftPhase);
     for (int i = 1; i <= text.size(); ++i) {
         box.setWindowTitle(text.left(i));
-        warten(120);
+        Warten(120);
         if (abbrechen())
             return;
     }
-    warten(500);
+    Warten(500);
     text = LaufschriftText(m_laufschriftPhase);
     for (int i = int(text.size()); i >= 0; --i) {
         box.setWindowTitle(text.right(i));
-        warten(120);
+        Warten(120);
         if (abbrechen())
             return;
     }

@@ -3,6 +3,7 @@
 
 #include "catalogue/Datensatzansicht.h"
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Medien.h"
@@ -13,7 +14,6 @@
 #include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QCursor>
 #include <QDir>
 #include <QFileInfo>
@@ -159,7 +159,7 @@ void Trackliste::imgSongNote_Click(int index)
     const QString neu = TrackMitBewertung(eintrag.trimmed(), index + 1);
     // A file in use or a name taken fails in silence, with the old name and stars.
     QDir().rename(ordner + eintrag.trimmed(), ordner + neu);
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
     box.filTrack->Refresh();
     BewertungTracks();
 }
@@ -209,7 +209,7 @@ void Trackliste::filTrack_Nachlauf()
     QString name = box.filTrack->List(TrackIndex);
     name.chop(8);
     if (LiedtextZeigen(name))
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
 }
 
 void Trackliste::TextSongAktualisieren()

@@ -3,6 +3,7 @@
 #include "collections/Abspielausschluss.h"
 #include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
+#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
@@ -17,7 +18,6 @@
 #include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QListWidget>
 #include <QTreeWidget>
 
@@ -26,18 +26,6 @@
 #include <vector>
 
 namespace {
-
-// The leading whole number of a setting, 0 when there is none ("3 Songs" is 3).
-int ganzeZahl(const QString& text)
-{
-    const QString t = text.trimmed();
-    qsizetype ende = 0;
-    if (ende < t.size() && (t[ende] == u'-' || t[ende] == u'+'))
-        ++ende;
-    while (ende < t.size() && t[ende].isDigit() && ende < 10)
-        ++ende;
-    return t.left(ende).toInt();
-}
 
 // A draw in [0, 1) as a single, which rounding must not lift to 1.
 float einfacheZahl(double r)
@@ -54,7 +42,7 @@ const QString ZweiterSatz =
 void Zufallswahl::verbinden()
 {
     connect(box.imgLiedzufall, &Bildknopf::MouseUp, this, [this](Qt::MouseButton knopf) {
-        QCoreApplication::processEvents();
+        EreignisseZulassen();
         if (knopf == Qt::LeftButton)
             TontraegerZufaellig();
     });
@@ -74,7 +62,7 @@ void Zufallswahl::TontraegerZufaellig()
 {
     // Errors are ignored here: a failed step leaves things as they are.
     try {
-        const int songsProTontraeger = ganzeZahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1")));
+        const int songsProTontraeger = GanzeZahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1")));
         if (PlaylistModus) {
             PlaylistZeileZufaellig();
             return;
@@ -135,7 +123,7 @@ void Zufallswahl::TontraegerZufaellig()
                 TontraegerZeigen(zeile);
                 break;
             }
-            QCoreApplication::processEvents();
+            EreignisseZulassen();
         }
         TrackZufaellig();
     } catch (const Laufzeitfehler&) {
@@ -152,7 +140,7 @@ void Zufallswahl::TontraegerZeigen(int zeile)
         box.Data1->setAbsolutePosition(zeile - 1);
     }
     box.MSFlexGrid1->setTopRow(zeile);
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
 }
 
 void Zufallswahl::TrackZufaellig()
@@ -205,7 +193,7 @@ void Zufallswahl::PlaylistZeileZufaellig()
             if (!box.chkRepeat->isChecked()) {
                 // Every checked row has played: the run ends. The stop command of the
                 // transport belongs after this wait.
-                QCoreApplication::processEvents();
+                EreignisseZulassen();
                 D().uhr().warten(500);
                 return;
             }

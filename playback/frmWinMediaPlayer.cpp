@@ -9,11 +9,11 @@
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 #include "shell/Symbole.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QVideoWidget>
 
@@ -267,7 +267,7 @@ void frmWinMediaPlayer::closeEvent(QCloseEvent* e)
     if (Hauptfenster)
         Hauptfenster->abspieler().MiniPlayerStop();
     MedienSchliessen();
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
     if (windowState() & Qt::WindowMinimized) {
         // A minimised window keeps the place of before.
     } else if (windowState() & Qt::WindowMaximized) {

@@ -1,4 +1,5 @@
-// The road from the start of the process to a usable main window and back.
+// The main window: the road from the start of the process to a usable window and back,
+// the settings it reads at start, the layout rules, and the order in which it calls the parts.
 #include "shell/Ausgabebox.h"
 
 #include "auxiliary/Lastanzeige.h"
@@ -34,6 +35,7 @@
 #include "shell/Anwendung.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Mausrad.h"
 #include "shell/Steuerelemente.h"
 #include "shell/Teilbereich.h"
@@ -52,7 +54,6 @@
 #include <QTextEdit>
 #include <QTreeWidget>
 
-#include <optional>
 
 Ausgabebox* Hauptfenster = nullptr;
 const QString Ausgabebox::Titel = QStringLiteral("Rillenkammer - Lumivox");
@@ -60,33 +61,6 @@ const QString Ausgabebox::Titel = QStringLiteral("Rillenkammer - Lumivox");
 namespace {
 
 const QString StandardQuelle = QStringLiteral("select * from Schallplatten order by Band, LPTitel");
-
-// A setting as a number; nothing when it does not convert, so the caller keeps what it has.
-std::optional<double> alsZahl(const QString& text)
-{
-    bool ok = false;
-    double wert = text.trimmed().toDouble(&ok);
-    if (!ok)
-        wert = QString(text.trimmed()).replace(u',', u'.').toDouble(&ok);
-    if (!ok)
-        return std::nullopt;
-    return wert;
-}
-
-QString wahrheit(bool wert) { return wert ? QStringLiteral("True") : QStringLiteral("False"); }
-
-// A truth value as the settings hold it: "True"/"False", or a number (not 0 is true).
-std::optional<bool> alsWahrheit(const QString& text)
-{
-    const QString t = text.trimmed();
-    if (t.compare(u"True", Qt::CaseInsensitive) == 0 || t.compare(u"Wahr", Qt::CaseInsensitive) == 0)
-        return true;
-    if (t.compare(u"False", Qt::CaseInsensitive) == 0 || t.compare(u"Falsch", Qt::CaseInsensitive) == 0)
-        return false;
-    if (const auto zahl = alsZahl(t))
-        return *zahl != 0;
-    return std::nullopt;
-}
 
 } // namespace
 
@@ -157,7 +131,7 @@ bool Ausgabebox::Mehrfachstart()
         return false;
     }
     // The other instance has been asked to come to the front.
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
     MsgNimb(QStringLiteral("Rillenkammer läuft bereits!"), 1, 0, QStringLiteral("Hinweis"), 0);
     D().prozess().beenden(0);
     return true;
@@ -198,7 +172,7 @@ void Ausgabebox::Form_Load()
             Data1->setDatabaseName(pfad);
             Data1->setRecordSource(Lesen(QStringLiteral("Data1RecordSource"), StandardQuelle));
             Data1->Refresh();
-            QCoreApplication::processEvents();
+            EreignisseZulassen();
             tabellenansicht().TabelleEinrichten();
             staBar->setPanelText(1, DateinameAusPfad(pfad));
             lblTabellenName->setText(Lesen(QStringLiteral("TabellenName"), QStringLiteral("alle")));
@@ -235,7 +209,7 @@ void Ausgabebox::RegistryLesen()
 {
     // Each key on its own: a value that does not convert leaves the design state.
     const QString zustand = Lesen(QStringLiteral("WindowState"), QStringLiteral("0"));
-    if (const auto z = alsZahl(zustand)) {
+    if (const auto z = Zahl(zustand)) {
         if (*z == 2)
             setWindowState(Qt::WindowMaximized);
         else if (*z == 1)
@@ -245,23 +219,23 @@ void Ausgabebox::RegistryLesen()
     }
     const QRect alt = geometry();
     int links = alt.x(), oben = alt.y(), breite = alt.width(), hoehe = alt.height();
-    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxLeft"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("AusgabeboxLeft"), QStringLiteral("0"))))
         links = Px(*v);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxTop"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("AusgabeboxTop"), QStringLiteral("0"))))
         oben = Px(*v);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxWidth"), QStringLiteral("15225"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("AusgabeboxWidth"), QStringLiteral("15225"))); v && *v > 0)
         breite = Px(*v);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("AusgabeboxHeight"), QStringLiteral("10725"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("AusgabeboxHeight"), QStringLiteral("10725"))); v && *v > 0)
         hoehe = Px(*v);
     move(links, oben);
     resize(breite, hoehe);
 
-    if (const auto v = alsZahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1"))))
         ShuffleSongProCD = int(*v);
     // So the first random choice takes a new Carrier.
     SongZaehler = ShuffleSongProCD;
     mnuLaufschrift->setChecked(Lesen(QStringLiteral("Laufschrift"), QStringLiteral("ein")) == u"ein");
-    if (const auto v = alsZahl(Lesen(QStringLiteral("HäkchenBildpfad"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("HäkchenBildpfad"))))
         chkBildpfad->setChecked(*v != 0);
     if (!chkBildpfad->isChecked()) {
         cboBildpfad->hide();
@@ -278,7 +252,7 @@ void Ausgabebox::RegistryLesen()
     MSFlexGrid1->setRedraw(false);
     tabellenansicht().SpaltenSichtbarkeitAnwenden();
     MSFlexGrid1->setRedraw(true);
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
 
     // The links pane has a fixed look.
     QFont linkSchrift(QStringLiteral("Segoe UI"), 12);
@@ -299,23 +273,23 @@ void Ausgabebox::RegistryLesen()
         f.setFamily(schrift.StandardFontName);
         t->setFont(f);
     }
-    if (const auto v = alsZahl(Lesen(QStringLiteral("StandardFontsize"), QStringLiteral("12"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("StandardFontsize"), QStringLiteral("12"))); v && *v > 0)
         schrift.StandardFontsize = *v;
-    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontBold"), wahrheit(false))))
+    if (const auto v = Wahrheit(Lesen(QStringLiteral("StandardFontBold"), WahrheitText(false))))
         schrift.StandardFontBold = *v;
-    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontItalic"), wahrheit(false))))
+    if (const auto v = Wahrheit(Lesen(QStringLiteral("StandardFontItalic"), WahrheitText(false))))
         schrift.StandardFontItalic = *v;
-    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontStrikethru"), wahrheit(false))))
+    if (const auto v = Wahrheit(Lesen(QStringLiteral("StandardFontStrikethru"), WahrheitText(false))))
         schrift.StandardFontStrikethru = *v;
-    if (const auto v = alsWahrheit(Lesen(QStringLiteral("StandardFontUnderline"), wahrheit(false))))
+    if (const auto v = Wahrheit(Lesen(QStringLiteral("StandardFontUnderline"), WahrheitText(false))))
         schrift.StandardFontUnderline = *v;
-    if (const auto v = alsZahl(Lesen(QStringLiteral("StandardColor"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("StandardColor"), QStringLiteral("0"))))
         schrift.StandardColor = qint64(*v);
 
     // The program font: what TextBand gets is what every other field gets.
     QFont programm = TextBand->font();
     programm.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    if (const auto v = alsZahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("12"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("12"))); v && *v > 0)
         programm.setPointSizeF(*v);
     TextBand->setFont(programm);
     const QFontInfo bekommen(TextBand->font());
@@ -490,10 +464,10 @@ void Ausgabebox::Form_Unload()
     const Textfenster& schrift = textfenster();
     Speichern(QStringLiteral("StandardFontName"), schrift.StandardFontName);
     Speichern(QStringLiteral("StandardFontsize"), QString::number(schrift.StandardFontsize));
-    Speichern(QStringLiteral("StandardFontBold"), wahrheit(schrift.StandardFontBold));
-    Speichern(QStringLiteral("StandardFontItalic"), wahrheit(schrift.StandardFontItalic));
-    Speichern(QStringLiteral("StandardFontStrikethru"), wahrheit(schrift.StandardFontStrikethru));
-    Speichern(QStringLiteral("StandardFontUnderline"), wahrheit(schrift.StandardFontUnderline));
+    Speichern(QStringLiteral("StandardFontBold"), WahrheitText(schrift.StandardFontBold));
+    Speichern(QStringLiteral("StandardFontItalic"), WahrheitText(schrift.StandardFontItalic));
+    Speichern(QStringLiteral("StandardFontStrikethru"), WahrheitText(schrift.StandardFontStrikethru));
+    Speichern(QStringLiteral("StandardFontUnderline"), WahrheitText(schrift.StandardFontUnderline));
     Speichern(QStringLiteral("StandardColor"), QString::number(schrift.StandardColor));
     Speichern(QStringLiteral("HäkchenBildpfad"), chkBildpfad->isChecked() ? QStringLiteral("1")
                                                                           : QStringLiteral("0"));
@@ -510,9 +484,9 @@ void Ausgabebox::MenuBeenden()
         // The end goes on; the unload writes what it can.
     }
     close();
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
     AlleFensterSchliessen();
-    QCoreApplication::processEvents();
+    EreignisseZulassen();
 }
 
 void Ausgabebox::AlleFensterSchliessen()

@@ -1,0 +1,29 @@
+#pragma once
+// The small rules that every part of the program follows in the same way: letting
+// pending events run, waiting on the clock, reading numbers and truth values from texts,
+// and the ending of a file name.
+#include <QString>
+
+#include <optional>
+
+// Lets the pending events run once, so that one command can run nested inside another
+// (a click, a timer tick, Esc setting Abbruch).
+void EreignisseZulassen();
+// Waits ms milliseconds on the clock of the services, then lets the pending events run.
+void Warten(int ms);
+
+// The leading number of a text, 0 when there is none: "12 Sek." is 12.
+double Val(const QString& text);
+// The leading whole number of a text, 0 when there is none ("3 Songs" is 3).
+int GanzeZahl(const QString& text);
+// A text as a number, the whole of it; nothing when it is not one, so that the caller
+// keeps what it has.
+std::optional<double> Zahl(const QString& text);
+// A truth value as the settings hold it: "True"/"False", or a number (not 0 is true).
+std::optional<bool> Wahrheit(const QString& text);
+// A truth value as the settings write it: "True" or "False".
+QString WahrheitText(bool wert);
+
+// The last four characters of a file name in lower case, as the start command compares
+// endings (".mp3", "jpeg", "m2ts").
+QString EndungVier(const QString& name);
