@@ -65,10 +65,9 @@ void Datensatzbearbeitung::NeuerTextFormatieren(QTextEdit* text)
     format.setFontUnderline(box.textfenster().StandardFontUnderline);
     format.setForeground(NummerFarbe(box.textfenster().StandardColor));
     text->setCurrentCharFormat(format);
-    bool ok = false;
-    const double rand = Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50")).toDouble(&ok);
+    const double rand = Zahl(Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50"))).value_or(50.0);
     QTextBlockFormat einzug;
-    einzug.setLeftMargin(ok ? rand / TwipsProPixel : 50.0 / TwipsProPixel);
+    einzug.setLeftMargin(rand / TwipsProPixel);
     text->textCursor().mergeBlockFormat(einzug);
 }
 

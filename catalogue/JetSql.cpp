@@ -1,6 +1,7 @@
 #include "catalogue/JetSql.h"
 
 #include "catalogue/Textregeln.h"
+#include "shell/Grundregeln.h"
 
 #include <QChar>
 #include <QStringView>
@@ -212,19 +213,7 @@ void nzFunktion(sqlite3_context* ctx, int argc, sqlite3_value** argv)
         sqlite3_result_text(ctx, "", 0, SQLITE_STATIC);
 }
 
-int ziffernwert(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return 99;
-}
-
-// Jet's Val: blanks, tabs and line feeds are dropped everywhere, then the leading number
-// is read (sign, digits, point, exponent E or D, or &H/&O); anything else gives 0.
+// Jet's Val, as the program reads numbers everywhere; a whole result stays an integer.
 void valFunktion(sqlite3_context* ctx, int, sqlite3_value** argv)
 {
     const int typ = sqlite3_value_type(argv[0]);
@@ -236,62 +225,12 @@ void valFunktion(sqlite3_context* ctx, int, sqlite3_value** argv)
     }
     const auto* z = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
     const int n = sqlite3_value_bytes(argv[0]);
-    std::string s;
-    s.reserve(size_t(std::min(n, 64)));
-    for (int i = 0; i < n && s.size() < 400; ++i)
-        if (z[i] != ' ' && z[i] != '\t' && z[i] != '\n' && z[i] != '\r')
-            s.push_back(z[i]);
-    if (s.size() >= 2 && s[0] == '&'
-        && (s[1] == 'H' || s[1] == 'h' || s[1] == 'O' || s[1] == 'o')) {
-        const int basis = (s[1] == 'H' || s[1] == 'h') ? 16 : 8;
-        quint64 wert = 0;
-        size_t i = 2;
-        for (; i < s.size() && ziffernwert(s[i]) < basis && wert <= 0xFFFFFFFFull; ++i)
-            wert = wert * quint64(basis) + quint64(ziffernwert(s[i]));
-        qint64 ergebnis;
-        if (wert <= 0xFFFF)
-            ergebnis = qint16(quint16(wert));
-        else if (wert <= 0xFFFFFFFFull)
-            ergebnis = qint32(quint32(wert));
-        else
-            ergebnis = qint64(wert);
-        sqlite3_result_int64(ctx, ergebnis);
-        return;
-    }
-    size_t i = 0;
-    std::string zahl;
-    if (i < s.size() && (s[i] == '+' || s[i] == '-'))
-        zahl.push_back(s[i++]);
-    bool ziffern = false;
-    while (i < s.size() && s[i] >= '0' && s[i] <= '9') {
-        zahl.push_back(s[i++]);
-        ziffern = true;
-    }
-    if (i < s.size() && s[i] == '.') {
-        zahl.push_back(s[i++]);
-        while (i < s.size() && s[i] >= '0' && s[i] <= '9') {
-            zahl.push_back(s[i++]);
-            ziffern = true;
-        }
-    }
-    if (!ziffern) {
-        sqlite3_result_int(ctx, 0);
-        return;
-    }
-    if (i < s.size() && (s[i] == 'e' || s[i] == 'E' || s[i] == 'd' || s[i] == 'D')) {
-        size_t j = i + 1;
-        std::string exponent = "e";
-        if (j < s.size() && (s[j] == '+' || s[j] == '-'))
-            exponent.push_back(s[j++]);
-        bool expZiffern = false;
-        while (j < s.size() && s[j] >= '0' && s[j] <= '9') {
-            exponent.push_back(s[j++]);
-            expZiffern = true;
-        }
-        if (expZiffern)
-            zahl += exponent;
-    }
-    const double d = std::strtod(zahl.c_str(), nullptr);
+    // A memo may be long; the number stands within its first 400 characters that count.
+    int ende = 0;
+    for (int zaehler = 0; ende < n && zaehler < 400; ++ende)
+        if (z[ende] != ' ' && z[ende] != '\t' && z[ende] != '\n' && z[ende] != '\r')
+            ++zaehler;
+    const double d = Val(QString::fromUtf8(z, ende));
     if (std::isfinite(d) && d == std::floor(d) && std::fabs(d) < 9.0e15)
         sqlite3_result_int64(ctx, qint64(d));
     else

@@ -6,6 +6,7 @@
 #include "platform/Einheiten.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -173,11 +174,9 @@ void frmSpaltenAnordnen::RegistryLesen()
 {
     QFont schrift = font();
     schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    bool ok = false;
-    const double groesse =
-        Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10")).trimmed().replace(u',', u'.').toDouble(&ok);
-    if (ok && groesse > 0 && groesse < 200)
-        schrift.setPointSizeF(groesse);
+    const auto groesse = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10")));
+    if (groesse && *groesse > 0 && *groesse < 200)
+        schrift.setPointSizeF(*groesse);
     setFont(schrift);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Einstellungen.h"
+#include "shell/Grundregeln.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -69,11 +70,9 @@ void Ausschlussfenster::SchriftLesen()
 {
     QFont schrift = m_liste->font();
     schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    bool ok = false;
-    const double groesse =
-        Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10")).trimmed().replace(u',', u'.').toDouble(&ok);
-    if (ok && groesse > 0 && groesse < 200)
-        schrift.setPointSizeF(groesse);
+    const auto groesse = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10")));
+    if (groesse && *groesse > 0 && *groesse < 200)
+        schrift.setPointSizeF(*groesse);
     m_liste->setFont(schrift);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Textdatei.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QFontInfo>
@@ -18,20 +19,6 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include <optional>
-
-namespace {
-
-std::optional<double> alsZahl(const QString& wert)
-{
-    bool ok = false;
-    const double zahl = QString(wert).trimmed().replace(u',', u'.').toDouble(&ok);
-    if (!ok)
-        return std::nullopt;
-    return zahl;
-}
-
-} // namespace
 
 SQLform::SQLform(QWidget* eltern)
     : VerlaufFenster(eltern)
@@ -139,20 +126,20 @@ void SQLform::RegistryLesen()
     int oben = y();
     int breite = Px(10650);
     int hoehe = Px(7170);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("SQLformTop"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("SQLformTop"), QStringLiteral("0"))))
         oben = Px(*v);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("SQLformleft"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("SQLformleft"), QStringLiteral("0"))))
         links = Px(*v);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("SQLformheight"), QStringLiteral("7170"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("SQLformheight"), QStringLiteral("7170"))); v && *v > 0)
         hoehe = Px(*v);
-    if (const auto v = alsZahl(Lesen(QStringLiteral("SQLformwidth"), QStringLiteral("10650"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("SQLformwidth"), QStringLiteral("10650"))); v && *v > 0)
         breite = Px(*v);
     move(links, oben);
     resize(breite, hoehe);
 
     QFont schrift = TextSQL->font();
     schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    if (const auto v = alsZahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10"))); v && *v > 0 && *v < 200)
+    if (const auto v = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10"))); v && *v > 0 && *v < 200)
         schrift.setPointSizeF(*v);
     TextSQL->setFont(schrift);
     // The list takes what the field got, so that both show the same font.

@@ -13,8 +13,13 @@ constexpr qint64 VerlaufEnde = 14600621;         // #adcade
 
 constexpr int TwipsProPixel = 15;
 
-// Twips to logical pixels (96 dpi), rounded to the nearest pixel.
-inline int Px(double twips) { return qRound(twips / TwipsProPixel); }
+// Twips to logical pixels (96 dpi), rounded to the nearest pixel. Far beyond any screen a
+// length is cut, so that no reading of a setting makes a number no int can hold.
+inline int Px(double twips)
+{
+    constexpr double Grenze = 1e9;
+    return qRound(qBound(-Grenze, twips, Grenze) / TwipsProPixel);
+}
 inline int Twips(int pixel) { return pixel * TwipsProPixel; }
 
 // A colour number: red = v & 255, green = (v >> 8) & 255, blue = (v >> 16) & 255.

@@ -51,12 +51,7 @@ bool gehoertInsFenster(const QString& name)
     return endungen.contains(EndungVier(name));
 }
 
-double anspielzeit()
-{
-    bool ok = false;
-    const double s = Lesen(QStringLiteral("TracksAnspielen"), QStringLiteral("10")).toDouble(&ok);
-    return ok ? s : 10.0;
-}
+double anspielzeit() { return Zahl(Lesen(QStringLiteral("TracksAnspielen"), QStringLiteral("10"))).value_or(10.0); }
 
 } // namespace
 

@@ -132,7 +132,7 @@ void Sequenzer::chkShuffle_Click()
                       QStringLiteral("Songs pro Datenträger"), Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1")));
         if (!antwort.isEmpty()) {
             Speichern(QStringLiteral("ShuffleSongProCD"), antwort);
-            box.ShuffleSongProCD = int(Val(antwort));
+            box.ShuffleSongProCD = GanzeZahl(antwort);
         }
     } else {
         ModusSetzen(box.chkAlleTracks, false);
@@ -159,9 +159,7 @@ void Sequenzer::chkTracksAnspielen_Click()
         QStringLiteral("Track & Movie anspielen"), Lesen(QStringLiteral("TracksAnspielen"), QStringLiteral("10")));
     if (antwort.isEmpty())
         return;
-    bool zahl = false;
-    const double sekunden = antwort.toDouble(&zahl);
-    if (zahl && sekunden < 2) {
+    if (const auto sekunden = Zahl(antwort); sekunden && *sekunden < 2) {
         MsgNimb(QStringLiteral("Mindestanspielzeit ist 2 Sekunden"), 1, 0, QStringLiteral("Sicherheitshinweis"), 0);
         ModusSetzen(box.chkTracksAnspielen, false);
         return;
@@ -378,7 +376,7 @@ void Sequenzer::Timer1_Timer()
         break;
     }
 
-    const int pause = int(Val(Lesen(QStringLiteral("PauseZwischenTracks"), QStringLiteral("0"))));
+    const int pause = GanzeZahl(Lesen(QStringLiteral("PauseZwischenTracks"), QStringLiteral("0")));
     if (pause <= 0) {
         Warten(500);
     } else {

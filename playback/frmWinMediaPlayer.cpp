@@ -18,19 +18,11 @@
 #include <QVideoWidget>
 
 #include <cmath>
-#include <optional>
 
 namespace {
 
 // How long a picture stands before the sequencer may go on, like a slide show.
 constexpr int BildDauerMs = 5000;
-
-std::optional<double> zahl(const QString& text)
-{
-    bool ok = false;
-    const double wert = text.trimmed().toDouble(&ok);
-    return ok ? std::optional<double>(wert) : std::nullopt;
-}
 
 } // namespace
 
@@ -92,17 +84,17 @@ void frmWinMediaPlayer::Form_Load()
 {
     const QString zustand = Lesen(QStringLiteral("WinMediaPlayerWindowState"), QStringLiteral("0"));
     QRect platz = geometry();
-    if (const auto v = zahl(Lesen(QStringLiteral("WinMediaPlayerLeft"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("WinMediaPlayerLeft"), QStringLiteral("0"))))
         platz.moveLeft(Px(*v));
-    if (const auto v = zahl(Lesen(QStringLiteral("WinMediaPlayerTop"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("WinMediaPlayerTop"), QStringLiteral("0"))))
         platz.moveTop(Px(*v));
-    if (const auto v = zahl(Lesen(QStringLiteral("WinMediaPlayerWidth"), QStringLiteral("15225"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("WinMediaPlayerWidth"), QStringLiteral("15225"))); v && *v > 0)
         platz.setWidth(Px(*v));
-    if (const auto v = zahl(Lesen(QStringLiteral("WinMediaPlayerHeight"), QStringLiteral("10725"))); v && *v > 0)
+    if (const auto v = Zahl(Lesen(QStringLiteral("WinMediaPlayerHeight"), QStringLiteral("10725"))); v && *v > 0)
         platz.setHeight(Px(*v));
     move(platz.topLeft());
     resize(platz.size());
-    if (zahl(zustand) == 2.0)
+    if (Zahl(zustand) == 2.0)
         setWindowState(Qt::WindowMaximized);
     ABsonderzeichen();
 }

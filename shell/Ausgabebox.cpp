@@ -231,7 +231,7 @@ void Ausgabebox::RegistryLesen()
     resize(breite, hoehe);
 
     if (const auto v = Zahl(Lesen(QStringLiteral("ShuffleSongProCD"), QStringLiteral("1"))))
-        ShuffleSongProCD = int(*v);
+        ShuffleSongProCD = GanzeZahl(*v);
     // So the first random choice takes a new Carrier.
     SongZaehler = ShuffleSongProCD;
     mnuLaufschrift->setChecked(Lesen(QStringLiteral("Laufschrift"), QStringLiteral("ein")) == u"ein");
@@ -283,7 +283,7 @@ void Ausgabebox::RegistryLesen()
         schrift.StandardFontStrikethru = *v;
     if (const auto v = Wahrheit(Lesen(QStringLiteral("StandardFontUnderline"), WahrheitText(false))))
         schrift.StandardFontUnderline = *v;
-    if (const auto v = Zahl(Lesen(QStringLiteral("StandardColor"), QStringLiteral("0"))))
+    if (const auto v = Zahl(Lesen(QStringLiteral("StandardColor"), QStringLiteral("0"))); v && *v >= 0 && *v <= 0xFFFFFF)
         schrift.StandardColor = qint64(*v);
 
     // The program font: what TextBand gets is what every other field gets.

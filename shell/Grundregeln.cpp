@@ -5,6 +5,10 @@
 
 #include <QCoreApplication>
 
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
 void EreignisseZulassen() { QCoreApplication::processEvents(); }
 
 void Warten(int ms)
@@ -13,28 +17,89 @@ void Warten(int ms)
     QCoreApplication::processEvents();
 }
 
-double Val(const QString& text)
+namespace {
+
+int ziffernwert(QChar c)
 {
-    QString zahl;
-    for (const QChar c : text.trimmed()) {
-        if (c.isDigit() || (c == u'.' && !zahl.contains(u'.')) || (c == u'-' && zahl.isEmpty()))
-            zahl += c;
-        else
-            break;
-    }
-    return zahl.toDouble();
+    const char16_t z = c.unicode();
+    if (z >= u'0' && z <= u'9')
+        return z - u'0';
+    if (z >= u'a' && z <= u'f')
+        return z - u'a' + 10;
+    if (z >= u'A' && z <= u'F')
+        return z - u'A' + 10;
+    return 99;
 }
 
-int GanzeZahl(const QString& text)
+bool ziffer(QChar c) { return c >= u'0' && c <= u'9'; }
+
+} // namespace
+
+double Val(const QString& text)
 {
-    const QString t = text.trimmed();
-    qsizetype ende = 0;
-    if (ende < t.size() && (t[ende] == u'-' || t[ende] == u'+'))
-        ++ende;
-    while (ende < t.size() && t[ende].isDigit() && ende < 10)
-        ++ende;
-    return t.left(ende).toInt();
+    // Blanks, tabs and line feeds count nowhere, also inside the number.
+    QString s;
+    s.reserve(std::min<qsizetype>(text.size(), 400));
+    for (qsizetype i = 0; i < text.size() && s.size() < 400; ++i)
+        if (text[i] != u' ' && text[i] != u'\t' && text[i] != u'\n' && text[i] != u'\r')
+            s += text[i];
+    if (s.size() >= 2 && s[0] == u'&' && QStringLiteral("HhOo").contains(s[1])) {
+        const int basis = (s[1] == u'H' || s[1] == u'h') ? 16 : 8;
+        quint64 wert = 0;
+        for (qsizetype i = 2; i < s.size() && ziffernwert(s[i]) < basis && wert <= 0xFFFFFFFFull; ++i)
+            wert = wert * quint64(basis) + quint64(ziffernwert(s[i]));
+        // As an Integer up to four hex digits, as a Long up to eight: "&HFFFF" is -1.
+        if (wert <= 0xFFFF)
+            return qint16(quint16(wert));
+        if (wert <= 0xFFFFFFFFull)
+            return qint32(quint32(wert));
+        return double(wert);
+    }
+    qsizetype i = 0;
+    QString zahl;
+    if (i < s.size() && (s[i] == u'+' || s[i] == u'-'))
+        zahl += s[i++];
+    bool ziffern = false;
+    while (i < s.size() && ziffer(s[i])) {
+        zahl += s[i++];
+        ziffern = true;
+    }
+    if (i < s.size() && s[i] == u'.') {
+        zahl += s[i++];
+        while (i < s.size() && ziffer(s[i])) {
+            zahl += s[i++];
+            ziffern = true;
+        }
+    }
+    if (!ziffern)
+        return 0;
+    if (i < s.size() && QStringLiteral("eEdD").contains(s[i])) {
+        qsizetype j = i + 1;
+        QString exponent = QStringLiteral("e");
+        if (j < s.size() && (s[j] == u'+' || s[j] == u'-'))
+            exponent += s[j++];
+        bool expZiffern = false;
+        while (j < s.size() && ziffer(s[j])) {
+            exponent += s[j++];
+            expZiffern = true;
+        }
+        if (expZiffern)
+            zahl += exponent;
+    }
+    // Beyond a double the number is infinite, as strtod gives it.
+    return std::strtod(zahl.toLatin1().constData(), nullptr);
 }
+
+int GanzeZahl(double wert)
+{
+    // A number no whole number can hold would overflow: the reading gives 0.
+    wert = std::trunc(wert);
+    if (!std::isfinite(wert) || wert > std::numeric_limits<int>::max() || wert < std::numeric_limits<int>::min())
+        return 0;
+    return int(wert);
+}
+
+int GanzeZahl(const QString& text) { return GanzeZahl(Val(text)); }
 
 std::optional<double> Zahl(const QString& text)
 {
@@ -42,7 +107,8 @@ std::optional<double> Zahl(const QString& text)
     double wert = text.trimmed().toDouble(&ok);
     if (!ok)
         wert = QString(text.trimmed()).replace(u',', u'.').toDouble(&ok);
-    if (!ok)
+    // "nan" and "inf" convert, but no window size or wait can take them.
+    if (!ok || !std::isfinite(wert))
         return std::nullopt;
     return wert;
 }

@@ -12,12 +12,15 @@ void EreignisseZulassen();
 // Waits ms milliseconds on the clock of the services, then lets the pending events run.
 void Warten(int ms);
 
-// The leading number of a text, 0 when there is none: "12 Sek." is 12.
+// Jet's Val: blanks, tabs and line feeds are dropped everywhere, then the leading number
+// is read (sign, digits, point, exponent E or D, or &H/&O); 0 when there is none, so
+// "12 Sek." is 12 and "1 2" is 12.
 double Val(const QString& text);
-// The leading whole number of a text, 0 when there is none ("3 Songs" is 3).
+// Val cut to a whole number ("3 Songs" and "3.9" are 3); 0 where no int can hold it.
 int GanzeZahl(const QString& text);
-// A text as a number, the whole of it; nothing when it is not one, so that the caller
-// keeps what it has.
+int GanzeZahl(double wert);
+// A text as a number, the whole of it, with a point or a comma; nothing when it is not
+// a finite number, so that the caller keeps what it has.
 std::optional<double> Zahl(const QString& text);
 // A truth value as the settings hold it: "True"/"False", or a number (not 0 is true).
 std::optional<bool> Wahrheit(const QString& text);
