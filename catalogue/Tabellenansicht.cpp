@@ -52,7 +52,7 @@ void Tabellenansicht::verbinden()
     connect(box.mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
     connect(box.mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
     connect(box.mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
-    connect(box.chkTabelle, &QCheckBox::clicked, this, [this] { chkTabelle_Click(); });
+    KlickVerbinden(box.chkTabelle, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
         connect(box.ButtonAlpabeth[i], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });
         box.ButtonAlpabeth[i]->installEventFilter(this);
@@ -225,7 +225,6 @@ void Tabellenansicht::ButtonAlpabeth_MouseUp(int index)
         if (index >= 26 && index <= 31 && !box.chkTabelle->isChecked()) {
             // A rating always filters.
             box.chkTabelle->setChecked(true);
-            chkTabelle_Click();
         }
         FlexGrid* g = box.MSFlexGrid1;
         if (!box.chkTabelle->isChecked()) {

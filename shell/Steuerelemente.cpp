@@ -1,5 +1,6 @@
 #include "shell/Steuerelemente.h"
 
+#include <QCheckBox>
 #include <QCollator>
 #include <QDir>
 #include <QKeyEvent>
@@ -17,6 +18,11 @@ QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& t
     if (!tipp.isEmpty())
         k->setToolTip(tipp);
     return k;
+}
+
+void KlickVerbinden(QCheckBox* kasten, const QObject* kontext, std::function<void()> handler)
+{
+    QObject::connect(kasten, &QCheckBox::stateChanged, kontext, [handler = std::move(handler)](int) { handler(); });
 }
 
 // ---- Dateiliste ----

@@ -9,13 +9,20 @@
 #include <QStringList>
 #include <QToolButton>
 
+#include <functional>
 #include <vector>
 
+class QCheckBox;
 class QPushButton;
 
 // A command button of a dialog: named, with an optional tool tip, and not a default
 // button by itself (the dialog says which one is).
 QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp = {});
+
+// The one rule for check boxes: the Click handler runs whenever the value really changes,
+// by a click or set in code, as the boxes of the system always have. Code that sets a box
+// therefore never calls its handler itself. Every box with a handler is wired here.
+void KlickVerbinden(QCheckBox* kasten, const QObject* kontext, std::function<void()> handler);
 
 // A file list: the files of one folder matching a pattern, sorted by name without
 // regard to case, several selectable at once.

@@ -12,6 +12,10 @@
 //   window, or is a global where the system has one.
 // Parts call each other directly through the window, in the order the procedures call
 // each other; there are no signals between parts.
+//
+// A check box is wired with KlickVerbinden (shell/Steuerelemente.h): its handler runs
+// whenever its value really changes, by a click or set in code, so code that sets a box
+// never calls the handler itself. Menu check marks set in code run nothing.
 #include <QObject>
 
 class Ausgabebox;
