@@ -40,47 +40,32 @@ void Sequenzer::verbinden()
 {
     connect(box.Timer1, &Zeitgeber::Timer, this, [this] { Timer1_Timer(); });
     connect(box.Timer2, &Zeitgeber::Timer, this, [this] { Timer2_Timer(); });
-    connect(box.chkAlleTracks, &QCheckBox::clicked, this, [this] { chkAlleTracks_Click(); });
-    connect(box.chkMarkTracks, &QCheckBox::clicked, this, [this] { chkMarkTracks_Click(); });
-    connect(box.chkShuffle, &QCheckBox::clicked, this, [this] { chkShuffle_Click(); });
-    connect(box.chkTracksAnspielen, &QCheckBox::clicked, this, [this] { chkTracksAnspielen_Click(); });
+    // A box that a handler sets runs its own handler in turn, when its value really changes.
+    KlickVerbinden(box.chkAlleTracks, this, [this] { chkAlleTracks_Click(); });
+    KlickVerbinden(box.chkMarkTracks, this, [this] { chkMarkTracks_Click(); });
+    KlickVerbinden(box.chkShuffle, this, [this] { chkShuffle_Click(); });
+    KlickVerbinden(box.chkTracksAnspielen, this, [this] { chkTracksAnspielen_Click(); });
     connect(box.mnuPauseZwischenTracks, &QAction::triggered, this, [this] { mnuPauseZwischenTracks_Click(); });
     connect(box.mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
-}
-
-void Sequenzer::ModusSetzen(QCheckBox* kasten, bool an)
-{
-    // A value changed by a handler fires the handler of that box, as a click would.
-    if (kasten->isChecked() == an)
-        return;
-    kasten->setChecked(an);
-    if (kasten == box.chkAlleTracks)
-        chkAlleTracks_Click();
-    else if (kasten == box.chkMarkTracks)
-        chkMarkTracks_Click();
-    else if (kasten == box.chkShuffle)
-        chkShuffle_Click();
-    else if (kasten == box.chkTracksAnspielen)
-        chkTracksAnspielen_Click();
 }
 
 void Sequenzer::chkAlleTracks_Click()
 {
     if (box.chkAlleTracks->isChecked()) {
         box.chkRepeat->setEnabled(true);
-        ModusSetzen(box.chkShuffle, false);
+        box.chkShuffle->setChecked(false);
         box.chkShuffle->setEnabled(false);
         box.chkTracksZufaellig->setEnabled(true);
         box.chkTracksAnspielen->setEnabled(true);
-        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setChecked(false);
         box.chkMarkTracks->setEnabled(false);
     } else {
-        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setChecked(false);
         box.chkRepeat->setEnabled(false);
         box.chkShuffle->setEnabled(true);
         box.chkTracksZufaellig->setEnabled(false);
         box.chkTracksAnspielen->setEnabled(false);
-        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setChecked(false);
         box.chkMarkTracks->setEnabled(true);
         box.Timer1->setEnabled(false);
     }
@@ -89,26 +74,26 @@ void Sequenzer::chkAlleTracks_Click()
 void Sequenzer::chkMarkTracks_Click()
 {
     if (box.chkMarkTracks->isChecked()) {
-        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setChecked(false);
         box.chkAlleTracks->setEnabled(false);
-        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setChecked(false);
         box.chkRepeat->setEnabled(true);
-        ModusSetzen(box.chkShuffle, false);
+        box.chkShuffle->setChecked(false);
         box.chkShuffle->setEnabled(false);
-        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setChecked(false);
         box.chkTracksZufaellig->setEnabled(false);
         box.chkTracksAnspielen->setEnabled(true);
         TrackIndex = 0;
     } else {
-        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setChecked(false);
         box.chkAlleTracks->setEnabled(true);
-        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setChecked(false);
         box.chkRepeat->setEnabled(false);
-        ModusSetzen(box.chkShuffle, false);
+        box.chkShuffle->setChecked(false);
         box.chkShuffle->setEnabled(true);
-        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setChecked(false);
         box.chkTracksZufaellig->setEnabled(false);
-        ModusSetzen(box.chkTracksAnspielen, false);
+        box.chkTracksAnspielen->setChecked(false);
         box.chkTracksAnspielen->setEnabled(false);
         box.Timer1->setEnabled(false);
     }
@@ -117,14 +102,14 @@ void Sequenzer::chkMarkTracks_Click()
 void Sequenzer::chkShuffle_Click()
 {
     if (box.chkShuffle->isChecked()) {
-        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setChecked(false);
         box.chkAlleTracks->setEnabled(false);
-        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setChecked(false);
         box.chkRepeat->setEnabled(false);
-        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setChecked(false);
         box.chkTracksZufaellig->setEnabled(false);
         box.chkTracksAnspielen->setEnabled(true);
-        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setChecked(false);
         box.chkMarkTracks->setEnabled(false);
         const QString antwort =
             InputNimb(QStringLiteral("Bei der Shuffle-Funktion können Sie pro Datenträger mehrere Songs abspielen "
@@ -135,14 +120,14 @@ void Sequenzer::chkShuffle_Click()
             box.ShuffleSongProCD = GanzeZahl(antwort);
         }
     } else {
-        ModusSetzen(box.chkAlleTracks, false);
+        box.chkAlleTracks->setChecked(false);
         box.chkAlleTracks->setEnabled(true);
-        ModusSetzen(box.chkRepeat, false);
+        box.chkRepeat->setChecked(false);
         box.chkRepeat->setEnabled(false);
-        ModusSetzen(box.chkTracksZufaellig, false);
+        box.chkTracksZufaellig->setChecked(false);
         box.chkTracksZufaellig->setEnabled(false);
         box.chkTracksAnspielen->setEnabled(false);
-        ModusSetzen(box.chkMarkTracks, false);
+        box.chkMarkTracks->setChecked(false);
         box.chkMarkTracks->setEnabled(true);
         box.SongZaehler = 1;
         box.Timer1->setEnabled(false);
@@ -161,7 +146,7 @@ void Sequenzer::chkTracksAnspielen_Click()
         return;
     if (const auto sekunden = Zahl(antwort); sekunden && *sekunden < 2) {
         MsgNimb(QStringLiteral("Mindestanspielzeit ist 2 Sekunden"), 1, 0, QStringLiteral("Sicherheitshinweis"), 0);
-        ModusSetzen(box.chkTracksAnspielen, false);
+        box.chkTracksAnspielen->setChecked(false);
         return;
     }
     Speichern(QStringLiteral("TracksAnspielen"), antwort);

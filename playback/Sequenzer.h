@@ -6,8 +6,6 @@
 
 #include <QString>
 
-class QCheckBox;
-
 class Sequenzer : public Teilbereich {
 public:
     using Teilbereich::Teilbereich;
@@ -23,8 +21,6 @@ public:
     void mnuLaufschrift_Click();
 
 private:
-    // Sets a mode box; a real change runs its handler, as a click would.
-    void ModusSetzen(QCheckBox* kasten, bool an);
     // The running Track is over: by the clock on path one and in sampling, else by the
     // play state of the control that has it.
     bool TrackZuEnde(bool mitAnspielen) const;

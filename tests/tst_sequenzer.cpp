@@ -67,19 +67,6 @@ class TestSequenzer : public QObject {
         return namen;
     }
 
-    void klicken(QCheckBox* kasten)
-    {
-        kasten->setChecked(!kasten->isChecked());
-        if (kasten == w->chkAlleTracks)
-            w->sequenzer().chkAlleTracks_Click();
-        else if (kasten == w->chkMarkTracks)
-            w->sequenzer().chkMarkTracks_Click();
-        else if (kasten == w->chkShuffle)
-            w->sequenzer().chkShuffle_Click();
-        else if (kasten == w->chkTracksAnspielen)
-            w->sequenzer().chkTracksAnspielen_Click();
-    }
-
     void spielen(int index)
     {
         TrackIndex = index;
@@ -101,7 +88,7 @@ private slots:
         const QString musik = ordner("Abba", 10);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
         Speichern("PauseZwischenTracks", "5");
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         const qint64 anfang = Attrappen::uhr().ms;
         spielen(0);
         QVERIFY(w->Timer1->isEnabled());
@@ -133,7 +120,7 @@ private slots:
         const QString musik = ordner("Abba", 3);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
         Speichern("PauseZwischenTracks", "5");
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         // The pause command during the wait starts the next Track at once.
         bool einmal = true;
         connect(w->staBar, &Statusleiste::PanelGeaendert, this, [&](int nr, const QString& text) {
@@ -165,14 +152,14 @@ private slots:
         const QString musik = ordner("Rock", 4);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Stil", "Hard Rock"}, {"Musikpfad", musik}}});
         w->lstAbspielausschluss->addItem("Rock");
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         spielen(0);
         Attrappen::uhr().vorruecken(12000);
         QCOMPARE(gespielt(), QStringList{"01 Lied.mp3"});
         QCOMPARE(TrackIndex, 3);
         QCOMPARE(panel.last().second, QString("no play"));
         // With repeat as well the sequencer gives up instead of choosing for ever.
-        klicken(w->chkRepeat);
+        w->chkRepeat->click();
         w->chkRepeat->setChecked(true);
         spielen(0);
         Attrappen::uhr().vorruecken(12000);
@@ -184,7 +171,7 @@ private slots:
     {
         const QString musik = ordner("Abba", 2);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         w->chkRepeat->setChecked(true);
         spielen(1);
         Attrappen::uhr().vorruecken(23000);
@@ -197,7 +184,7 @@ private slots:
     {
         const QString musik = ordner("Abba", 4);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         w->chkTracksZufaellig->setChecked(true);
         spielen(1);
         // Candidates 2, 3, then 1 (played), so the scan takes entry 0.
@@ -212,7 +199,7 @@ private slots:
     {
         const QString musik = ordner("Abba", 1);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         w->chkTracksZufaellig->setChecked(true);
         spielen(0);
         Attrappen::zufall().sonst = 0.3;
@@ -229,7 +216,7 @@ private slots:
             zeilen << Zeilenwerte{{"Band", band}, {"Musikpfad", ordner(band, 5)}};
         starten(zeilen);
         Attrappen::dialoge().antwortenInput << "3";
-        klicken(w->chkShuffle);
+        w->chkShuffle->click();
         QCOMPARE(Lesen("ShuffleSongProCD"), QString("3"));
         QVERIFY(!w->chkAlleTracks->isEnabled());
         QVERIFY(w->chkTracksAnspielen->isEnabled());
@@ -256,13 +243,13 @@ private slots:
         const QString musik = ordner("Abba", 3, 180.0);
         starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
         Speichern("PauseZwischenTracks", "4");
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         Attrappen::dialoge().antwortenInput << "1";
-        klicken(w->chkTracksAnspielen);
+        w->chkTracksAnspielen->click();
         QVERIFY(!w->chkTracksAnspielen->isChecked());
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("Mindestanspielzeit ist 2 Sekunden"));
         Attrappen::dialoge().antwortenInput << "3";
-        klicken(w->chkTracksAnspielen);
+        w->chkTracksAnspielen->click();
         QVERIFY(w->chkTracksAnspielen->isChecked());
         QCOMPARE(Lesen("TracksAnspielen"), QString("3"));
         QCOMPARE(Lesen("PauseZwischenTracks"), QString("0"));
@@ -279,28 +266,36 @@ private slots:
         QVERIFY(w->chkAlleTracks->isEnabled() && w->chkShuffle->isEnabled() && w->chkMarkTracks->isEnabled());
         QVERIFY(!w->chkRepeat->isEnabled() && !w->chkTracksZufaellig->isEnabled()
                 && !w->chkTracksAnspielen->isEnabled());
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         QVERIFY(w->chkRepeat->isEnabled() && w->chkTracksZufaellig->isEnabled());
         QVERIFY(!w->chkShuffle->isEnabled() && !w->chkMarkTracks->isEnabled());
         w->chkRepeat->setChecked(true);
-        klicken(w->chkAlleTracks);
+        w->chkAlleTracks->click();
         QVERIFY(!w->chkRepeat->isChecked() && !w->chkRepeat->isEnabled());
         QVERIFY(w->chkMarkTracks->isEnabled());
         TrackIndex = 5;
-        klicken(w->chkMarkTracks);
+        w->chkMarkTracks->click();
         QCOMPARE(TrackIndex, 0);
         QVERIFY(w->chkRepeat->isEnabled() && !w->chkAlleTracks->isEnabled());
+        // Sampling beside marked Tracks asks for its seconds; clearing the marks clears it
+        // through its own handler, which asks nothing when it is cleared.
+        Attrappen::dialoge().antwortenInput << "5";
+        w->chkTracksAnspielen->click();
+        QCOMPARE(Lesen("TracksAnspielen"), QString("5"));
+        Attrappen::dialoge().aufrufe.clear();
         w->Timer1->setEnabled(true);
-        klicken(w->chkMarkTracks);
+        w->chkMarkTracks->click();
         QVERIFY(!w->Timer1->isEnabled());
         QVERIFY(w->chkAlleTracks->isEnabled());
+        QVERIFY(!w->chkTracksAnspielen->isChecked() && !w->chkTracksAnspielen->isEnabled());
+        QVERIFY(Attrappen::dialoge().aufrufe.isEmpty());
         // The wait between Tracks, with its question above 60 seconds.
         Attrappen::dialoge().antwortenInput << "90" << "75";
         Attrappen::dialoge().antwortenMsg << "Nein" << "Ja";
-        w->sequenzer().mnuPauseZwischenTracks_Click();
+        w->mnuPauseZwischenTracks->trigger();
         QCOMPARE(Lesen("PauseZwischenTracks"), QString("75"));
         Attrappen::dialoge().antwortenInput << "60";
-        w->sequenzer().mnuPauseZwischenTracks_Click();
+        w->mnuPauseZwischenTracks->trigger();
         QCOMPARE(Lesen("PauseZwischenTracks"), QString("60"));
         w->mnuLaufschrift->trigger();
         QCOMPARE(Lesen("Laufschrift"), QString("aus"));
