@@ -69,8 +69,8 @@ void Abspieler::verbinden()
         connect(b, &Bildknopf::clicked, this, [this] { imgPosAB_Click(); });
     connect(box.TimerPosAB, &Zeitgeber::Timer, this, [this] { TimerPosAB_Timer(); });
     connect(box.cmdPlayAsso, &QPushButton::clicked, this, [this] { cmdPlayAsso_Click(); });
-    connect(box.chkVisualisierung, &QCheckBox::clicked, this, [this] { chkVisualisierung_Click(); });
-    connect(box.chkVollbild, &QCheckBox::clicked, this, [this] { chkVollbild_Click(); });
+    KlickVerbinden(box.chkVisualisierung, this, [this] { chkVisualisierung_Click(); });
+    KlickVerbinden(box.chkVollbild, this, [this] { chkVollbild_Click(); });
     connect(box.mnuWinPlayerVerwenden, &QAction::triggered, this, [this] { mnuWinPlayerVerwenden_Click(); });
     connect(box.MediaPlayer1Spieler, &Medienspieler::PlayStateChange, this,
             [this](int zustand) { MediaPlayer1_PlayStateChange(zustand); });

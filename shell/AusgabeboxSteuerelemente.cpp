@@ -311,6 +311,7 @@ void AusgabeboxSteuerelemente::steuerelementeAnlegen(QMainWindow* fenster)
     MediaPlayer1Audio = new Audioanzeige(MediaPlayer1Spieler, e);
     MediaPlayer1Audio->hide();
     chkVisualisierung = kasten(e, QStringLiteral("chkVisualisierung"), QStringLiteral("Visual"));
+    chkVisualisierung->setChecked(true);
     chkVollbild = kasten(e, QStringLiteral("chkVollbild"), QStringLiteral("Vollbild"));
     chkAlleTracks = kasten(e, QStringLiteral("chkAlleTracks"), QStringLiteral("Alle"),
                            QStringLiteral(" Alle Titel dieses Tonträgers abspielen "));

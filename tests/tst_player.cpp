@@ -32,7 +32,8 @@ class TestPlayer : public QObject {
     std::unique_ptr<Ausgabebox> w;
     QString musik;
 
-    void starten(const QStringList& dateien, bool medienpfad, const QString& ordnerName = "Abba")
+    void starten(const QStringList& dateien, bool medienpfad, const QString& ordnerName = "Abba",
+                 const QMap<QString, QString>& einstellungen = {})
     {
         w.reset();
         Testumgebung::zuruecksetzen();
@@ -44,6 +45,8 @@ class TestPlayer : public QObject {
         for (const QString& d : dateien)
             DateiSchreiben(musik + d, "x");
         Speichern("WinMediaPlayer", medienpfad ? "True" : "False");
+        for (auto e = einstellungen.begin(); e != einstellungen.end(); ++e)
+            Speichern(e.key(), e.value());
         Speichern("ArchivPfad", KatalogAnlegen(Testordner("player") + "P.db",
                                                {Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}, {"Bewertung", "4"}},
                                                 Zeilenwerte{{"Band", "Bach"}}}));
@@ -255,6 +258,25 @@ private slots:
         // The control's stop state says so in the panel.
         mp1()->zustandSetzen(Medienspieler::Gestoppt);
         QCOMPARE(panel(), QString("no play"));
+    }
+
+    // The two boxes of the control run their handlers also for a value from the settings
+    // or from code.
+    void visualisierungUndVollbild()
+    {
+        starten({"A.mp3"}, true);
+        QVERIFY(w->chkVisualisierung->isChecked());
+        QCOMPARE(w->MediaPlayer1->height(), Px(4150));
+        starten({"A.mp3"}, true, "Abba", {{"WinMediaPlayerVisualisierung", "0"}});
+        QVERIFY(!w->chkVisualisierung->isChecked());
+        QCOMPARE(w->MediaPlayer1->height(), Px(960));
+        w->chkVisualisierung->setChecked(true);
+        QCOMPARE(w->MediaPlayer1->height(), Px(4150));
+        QCOMPARE(Lesen("WinMediaPlayerVisualisierung"), QString("1"));
+        w->chkVollbild->setChecked(true);
+        QVERIFY(w->MediaPlayer1->isFullScreen());
+        w->chkVollbild->click();
+        QVERIFY(!w->MediaPlayer1->isFullScreen());
     }
 
     void abSchleifeSpringtZurueck()
