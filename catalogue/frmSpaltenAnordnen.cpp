@@ -152,7 +152,7 @@ frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
     setTabOrder(cmdExit, cmdHilfe);
 
     // The box acts as it changes, also when the load sets it from the setting.
-    connect(chkNotSort, &QCheckBox::toggled, this, [this] { chkNotSort_Click(); });
+    KlickVerbinden(chkNotSort, this, [this] { chkNotSort_Click(); });
     connect(cmdEinfuegen, &QPushButton::clicked, this, [this] { cmdEinfuegen_Click(); });
     connect(cmdEntfernen, &QPushButton::clicked, this, [this] { cmdEntfernen_Click(); });
     for (int i = 0; i < 2; ++i)

@@ -59,7 +59,7 @@ Ausschlussfenster::Ausschlussfenster(QWidget* eltern, QListWidget* liste, const 
     setTabOrder(m_liste, cmdOK);
     setTabOrder(cmdOK, cmdExit);
 
-    connect(Check1, &QCheckBox::clicked, this, [this] { Check1_Click(); });
+    KlickVerbinden(Check1, this, [this] { Check1_Click(); });
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     connect(cmdExit, &QPushButton::clicked, this, [this] { cmdExit_Click(); });
 }

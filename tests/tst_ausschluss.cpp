@@ -181,6 +181,11 @@ private slots:
             frmStilausschlussliste f;
             f.Form_Load();
             QCOMPARE(eintraege(f.lstStilrichtung, true), QStringList{"Kölsch"});
+            // The legend's box cannot be cleared, by a click or by code.
+            f.Check1->click();
+            QVERIFY(f.Check1->isChecked());
+            f.Check1->setChecked(false);
+            QVERIFY(f.Check1->isChecked());
             f.cmdOK->click();
         }
         QCOMPARE(DateiLesen(pg("AusschlussAbspielliste.ini")), QByteArray("K\xc3\xb6lsch\n"));
