@@ -49,7 +49,7 @@ void Abspielausschluss::mnuBandAusschliessen_Click()
 {
     Speichern(SchluesselBandAusschluss, VerwendungAbspielen);
     {
-        frmBandAusschlussliste fenster(&box);
+        frmBandAusschlussliste fenster(box);
         fenster.Form_Load();
         FensterPlatzieren(&fenster, &box, QStringLiteral("center"), 10);
         fenster.Anzeigen();

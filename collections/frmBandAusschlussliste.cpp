@@ -8,9 +8,10 @@
 
 #include <QListWidget>
 
-frmBandAusschlussliste::frmBandAusschlussliste(QWidget* eltern)
-    : Ausschlussfenster(eltern, new QListWidget, SchluesselBandAusschluss, &BandAusschlussPfad,
+frmBandAusschlussliste::frmBandAusschlussliste(Ausgabebox& box)
+    : Ausschlussfenster(&box, new QListWidget, SchluesselBandAusschluss, &BandAusschlussPfad,
                        QStringLiteral("Band"))
+    , m_box(box)
 {
     setObjectName(QStringLiteral("frmBandAusschlussliste"));
     setWindowTitle(QStringLiteral("Band ausschließen"));
@@ -30,19 +31,17 @@ void frmBandAusschlussliste::Form_Load()
 void frmBandAusschlussliste::ListeErstellen()
 {
     QStringList baender;
-    if (Hauptfenster) {
-        Mauszeiger(ZeigerSanduhr);
-        const FlexGrid* g = Hauptfenster->MSFlexGrid1;
-        const int spalte = Hauptfenster->abspielausschluss().BandSpalte();
-        // The table is taken as sorted by band: only a change from the row before counts.
-        QString vorher;
-        for (int zeile = 1; zeile < g->Rows(); ++zeile) {
-            const QString band = g->TextMatrix(zeile, spalte);
-            if (zeile == 1 || band != vorher)
-                baender << band;
-            vorher = band;
-        }
-        Mauszeiger(ZeigerStandard);
+    Mauszeiger(ZeigerSanduhr);
+    const FlexGrid* g = m_box.MSFlexGrid1;
+    const int spalte = m_box.abspielausschluss().BandSpalte();
+    // The table is taken as sorted by band: only a change from the row before counts.
+    QString vorher;
+    for (int zeile = 1; zeile < g->Rows(); ++zeile) {
+        const QString band = g->TextMatrix(zeile, spalte);
+        if (zeile == 1 || band != vorher)
+            baender << band;
+        vorher = band;
     }
+    Mauszeiger(ZeigerStandard);
     EintraegeSetzen(baender);
 }

@@ -4,10 +4,13 @@
 // outside the table cannot be shown, so a save drops them from the list.
 #include "collections/Ausschlussfenster.h"
 
+class Ausgabebox;
+
 class frmBandAusschlussliste : public Ausschlussfenster {
     Q_OBJECT
 public:
-    explicit frmBandAusschlussliste(QWidget* eltern = nullptr);
+    // Over the main window, whose table it reads.
+    explicit frmBandAusschlussliste(Ausgabebox& box);
 
     // Fonts, the bands of the table and their check marks. Shows nothing, so that the
     // window can be driven without its modal loop.
@@ -15,4 +18,7 @@ public:
     void ListeErstellen();
 
     QListWidget* lstBandliste = nullptr;
+
+private:
+    Ausgabebox& m_box;
 };

@@ -89,7 +89,7 @@ bool Abspieler::eventFilter(QObject* objekt, QEvent* ereignis)
 frmWinMediaPlayer* Abspieler::WinMediaPlayerFenster()
 {
     if (!WinMediaPlayer) {
-        WinMediaPlayer = new frmWinMediaPlayer(&box);
+        WinMediaPlayer = new frmWinMediaPlayer(box);
         WinMediaPlayer->Form_Load();
         connect(WinMediaPlayer, &QObject::destroyed, this, [this] { WinMediaPlayer = nullptr; });
     }

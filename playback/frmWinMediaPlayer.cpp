@@ -26,8 +26,9 @@ constexpr int BildDauerMs = 5000;
 
 } // namespace
 
-frmWinMediaPlayer::frmWinMediaPlayer(QWidget* eltern)
-    : VerlaufFenster(eltern)
+frmWinMediaPlayer::frmWinMediaPlayer(Ausgabebox& box)
+    : VerlaufFenster(&box)
+    , m_box(box)
 {
     setObjectName(QStringLiteral("frmWinMediaPlayer"));
     setWindowTitle(QStringLiteral("Rillenkammer - Media Player"));
@@ -155,22 +156,19 @@ void frmWinMediaPlayer::ABsonderzeichen()
 
 void frmWinMediaPlayer::imgVorBack_Click(int index)
 {
-    Ausgabebox* haupt = Hauptfenster;
     switch (index) {
     case 0:
     case 1:
     case 2: {
-        if (!haupt)
-            return;
         ABsonderzeichen();
-        const int letzte = haupt->filTrack->count() - 1;
+        const int letzte = m_box.filTrack->count() - 1;
         if (index == 0)
             TrackIndex = TrackIndex <= 0 ? std::max(0, letzte) : TrackIndex - 1;
         else if (index == 1)
             TrackIndex = TrackIndex >= letzte ? 0 : TrackIndex + 1;
         else
-            haupt->zufallswahl().TontraegerZufaellig();
-        haupt->abspieler().MiniPlayerVorBackStart();
+            m_box.zufallswahl().TontraegerZufaellig();
+        m_box.abspieler().MiniPlayerVorBackStart();
         break;
     }
     case 3:
@@ -256,8 +254,7 @@ void frmWinMediaPlayer::keyPressEvent(QKeyEvent* e)
 
 void frmWinMediaPlayer::closeEvent(QCloseEvent* e)
 {
-    if (Hauptfenster)
-        Hauptfenster->abspieler().MiniPlayerStop();
+    m_box.abspieler().MiniPlayerStop();
     MedienSchliessen();
     EreignisseZulassen();
     if (windowState() & Qt::WindowMinimized) {

@@ -4,6 +4,7 @@
 #include "shell/Farbverlauf.h"
 #include "shell/Steuerfeld.h"
 
+class Ausgabebox;
 class Bildfeld;
 class Bildknopf;
 class Medienspieler;
@@ -13,7 +14,8 @@ class Zeitgeber;
 class frmWinMediaPlayer : public VerlaufFenster {
     Q_OBJECT
 public:
-    explicit frmWinMediaPlayer(QWidget* eltern = nullptr);
+    // A child of the main window, whose player it drives.
+    explicit frmWinMediaPlayer(Ausgabebox& box);
     ~frmWinMediaPlayer() override;
 
     // Reads the place from the settings and sets the loop pictures.
@@ -47,6 +49,7 @@ protected:
 
 private:
     void Form_Resize();
+    Ausgabebox& m_box;
     Medienspieler* m_spieler = nullptr;
     bool m_bild = false;
 };

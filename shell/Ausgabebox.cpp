@@ -55,7 +55,6 @@
 #include <QTreeWidget>
 
 
-Ausgabebox* Hauptfenster = nullptr;
 const QString Ausgabebox::Titel = QStringLiteral("Rillenkammer - Lumivox");
 
 namespace {
@@ -78,7 +77,6 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     staBar->setPanelText(2, QStringLiteral("no play"));
     staBar->setPanelText(6, QStringLiteral("Sleep Off"));
     resize(Px(15225), Px(10725));
-    Hauptfenster = this;
 }
 
 void Ausgabebox::TeileAnlegen()
@@ -113,8 +111,6 @@ void Ausgabebox::TeileAnlegen()
 Ausgabebox::~Ausgabebox()
 {
     Mausrad::instanz().MausradAus();
-    if (Hauptfenster == this)
-        Hauptfenster = nullptr;
 }
 
 bool Ausgabebox::Mehrfachstart()
@@ -471,8 +467,6 @@ void Ausgabebox::Form_Unload()
     Speichern(QStringLiteral("StandardColor"), QString::number(schrift.StandardColor));
     Speichern(QStringLiteral("HäkchenBildpfad"), chkBildpfad->isChecked() ? QStringLiteral("1")
                                                                           : QStringLiteral("0"));
-    if (Hauptfenster == this)
-        Hauptfenster = nullptr;
     D().prozess().beenden(0);
 }
 

@@ -99,6 +99,3 @@ private:
     class Schwesterprogramme* m_schwesterprogramme = nullptr;
     class Lastanzeige* m_lastanzeige = nullptr;
 };
-
-// The one main window, for the other windows; nullptr before it exists.
-extern Ausgabebox* Hauptfenster;

@@ -212,7 +212,7 @@ private slots:
         // Each band once in table order; another order repeats a band at each change.
         const QStringList erwartet[] = {{"Abba", "AC/DC", "Band", "Cream"}, {"Abba", "AC/DC", "Abba", "Band", "Cream"}};
         for (const QStringList& baender : erwartet) {
-            frmBandAusschlussliste f;
+            frmBandAusschlussliste f(*w);
             f.Form_Load();
             QCOMPARE(eintraege(f.lstBandliste), baender);
             w->Data1->setRecordSource("select * from Schallplatten order by LPTitel");
