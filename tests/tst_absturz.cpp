@@ -13,9 +13,9 @@
 #include "shell/Steuerelemente.h"
 
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QSet>
 #include <QThread>
-#include <QRandomGenerator>
 
 #include <sqlite3.h>
 

@@ -1,7 +1,6 @@
 // The exclusion lists of styles and bands (their files, the two windows, the lists in
 // force) and the random choice of a Carrier and a Track that passes over them.
-#include "catalogue/Tabellenansicht.h"
-#include "collections/Abspielausschluss.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
@@ -9,9 +8,12 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
+#include "collections/Abspielausschluss.h"
 #include "collections/Ausschlusslisten.h"
 #include "collections/frmBandAusschlussliste.h"
 #include "collections/frmStilausschlussliste.h"
+#include "platform/Pfade.h"
 #include "playback/Zufallswahl.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -62,17 +64,10 @@ class TestAusschluss : public QObject {
 
     std::unique_ptr<Ausgabebox> w;
     QString ordner; // DatenbankOrdner
-    int m_nr = 0;
 
     void starten(const QList<Zeilenwerte>& zeilen)
     {
-        w.reset();
-        ordner = Testordner(QStringLiteral("ausschluss/db%1").arg(++m_nr));
-        Speichern("ArchivPfad", KatalogAnlegen(ordner + "A.db", zeilen));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
-        w->show();
-        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+        ordner = OrdnerAusPfad(FensterStarten(w, {.zeilen = zeilen, .zuruecksetzen = false, .zeigen = true}));
         Attrappen::dialoge().leeren();
     }
 

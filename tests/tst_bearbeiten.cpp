@@ -1,5 +1,5 @@
 // Entering, saving and deleting Carriers through the record view.
-#include "catalogue/Tabellenansicht.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -8,6 +8,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Steuerelemente.h"
@@ -15,6 +16,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTextEdit>
@@ -33,14 +35,7 @@ class TestBearbeiten : public QObject {
 
     void starten(const QList<Zeilenwerte>& zeilen)
     {
-        w.reset();
-        Testumgebung::zuruecksetzen();
-        Attrappen::dialoge().leeren();
-        katalog = KatalogAnlegen(Testordner("bearbeiten") + "B.db", zeilen);
-        Speichern("ArchivPfad", katalog);
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
-        w->show();
+        katalog = FensterStarten(w, {.zeilen = zeilen, .zeigen = true});
     }
 
     Recordset* rs() const { return w->Data1->recordset(); }
@@ -57,12 +52,12 @@ private slots:
     void leererTontraegerBekommtBlanksUndWirdGefunden()
     {
         starten(Baender({"Abba", "Bach"}));
-        w->datensatzbearbeitung().MenuNeuEingabe_Click();
+        w->MenuNeuEingabe->trigger();
         QVERIFY(rs()->EditPending());
         // Not in the table before it is saved.
         QCOMPARE(w->MSFlexGrid1->Rows(), 3);
         w->txtEbook->setText("/e/Heft.pdf°");
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
         for (const char* spalte : {"Band", "LPTitel", "Musikpfad"})
             QCOMPARE(KatalogSpalte(katalog, spalte).last(), QString(" "));
@@ -77,22 +72,22 @@ private slots:
     void bandOhneBlanksUndDerSelbeTontraegerWieder()
     {
         starten(Baender({"Abba", "Bach", "Cream"}));
-        w->datensatzbearbeitung().MenuNeuEingabe_Click();
+        w->MenuNeuEingabe->trigger();
         w->TextBand->setText("  Deep Purple  ");
         w->TextLPTitel->setText(" Machine Head");
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         QCOMPARE(w->TextLPTitel->text(), QString("Machine Head"));
         QCOMPARE(w->MSFlexGrid1->Row(), 4);
         QCOMPARE(KatalogSpalte(katalog, "Band").last(), QString("Deep Purple"));
         // A save of a changed record finds it again after the table was re-read.
         w->MSFlexGrid1->setRow(2);
         w->TextInfo->setText("Erstpressung");
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         QCOMPARE(w->MSFlexGrid1->Row(), 2);
         QCOMPARE(w->TextBand->text(), QString("Bach"));
         QCOMPARE(KatalogSpalte(katalog, "Info")[1], QString("Erstpressung"));
         // A new entry is stored when the user moves on in the table.
-        w->datensatzbearbeitung().MenuNeuEingabe_Click();
+        w->MenuNeuEingabe->trigger();
         w->TextBand->setText("Zappa");
         w->MSFlexGrid1->setRow(1);
         QCOMPARE(KatalogSpalte(katalog, "Band").last(), QString("Zappa"));
@@ -108,14 +103,14 @@ private slots:
         // "Nein" and no answer delete nothing.
         markieren(2, 6);
         Attrappen::dialoge().antwortenMsg << "Nein";
-        w->datensatzbearbeitung().MenuEintragLoeschen_Click();
-        w->datensatzbearbeitung().MenuEintragLoeschen_Click();
+        w->MenuEintragLoeschen->trigger();
+        w->MenuEintragLoeschen->trigger();
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 8);
         markieren(2, 6);
         Attrappen::dialoge().antwortenMsg << "Ja";
         w->cboBildpfad->setEditable(true);
         w->cboBildpfad->setEditText(cover);
-        w->datensatzbearbeitung().MenuEintragLoeschen_Click();
+        w->MenuEintragLoeschen->trigger();
         QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"A", "G", "H"}));
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
         QCOMPARE(Attrappen::papierkorb().verschoben, QStringList{cover});
@@ -133,7 +128,7 @@ private slots:
         };
         auto loeschen = [this] {
             Attrappen::dialoge().antwortenMsg << "Ja";
-            w->datensatzbearbeitung().MenuEintragLoeschen_Click();
+            w->MenuEintragLoeschen->trigger();
             return KatalogSpalte(katalog, "Band").join(u"");
         };
         klick(9, Qt::NoModifier);
@@ -163,7 +158,7 @@ private slots:
         w->MSFlexGrid1->setRow(2);
         w->MSFlexGrid1->setRow(1);
         w->MSFlexGrid1->setRow(2);
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         QCOMPARE(KatalogSpalte(katalog, "Info").first(), lang);
         w->MSFlexGrid1->setRow(1);
         w->tabTexte->setCurrentIndex(2);
@@ -179,10 +174,10 @@ private slots:
         starten(Baender({"Abba", "Bach"}));
         w->Data1->setRecordSource("select Band, LPTitel from Schallplatten");
         w->Data1->Refresh();
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
         w->TextBand->setText("Getippt");
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QVERIFY2(m[0].text.contains("Die Datensatzquelle kann nicht geändert werden"), qPrintable(m[0].text));
@@ -199,11 +194,11 @@ private slots:
         // C has one row, which stays; B has two, of which one goes. After either the
         // whole table shows.
         for (const int buchstabe : {2, 1}) {
-            w->tabellenansicht().ButtonAlpabeth_MouseUp(buchstabe);
+            w->ButtonAlpabeth[buchstabe]->click();
             QCOMPARE(w->MSFlexGrid1->Rows(), 4 - buchstabe);
             markieren(1, 1);
             Attrappen::dialoge().antwortenMsg << "Ja";
-            w->datensatzbearbeitung().MenuEintragLoeschen_Click();
+            w->MenuEintragLoeschen->trigger();
             QCOMPARE(w->lblTabellenName->text(), QString("alle"));
         }
         QCOMPARE(Attrappen::dialoge().meldungen().at(1).text, QString("Der letzte Datensatz darf nicht gelöscht werden."));
@@ -217,7 +212,7 @@ private slots:
         sqlite3* db = w->Data1->database()->handle();
         sqlite3_exec(db, "PRAGMA query_only = 1", nullptr, nullptr, nullptr);
         w->TextBand->setText("Getippt");
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QVERIFY2(m[0].text.contains("schreibgeschützt"), qPrintable(m[0].text));
@@ -230,7 +225,7 @@ private slots:
         Attrappen::dialoge().antwortenMsg << "" << "Nein";
         QVERIFY(!w->close());
         sqlite3_exec(db, "PRAGMA query_only = 0", nullptr, nullptr, nullptr);
-        w->datensatzbearbeitung().MenuSpeichern_Click();
+        w->MenuSpeichern->trigger();
         QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"Getippt", "Bach"}));
     }
 };

@@ -1,5 +1,6 @@
 // Loading, making, copying and refreshing catalogues from the menu, and the list of the
 // ten recent catalogues.
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -34,11 +35,8 @@ class TestDatenbankmenue : public QObject {
 private slots:
     void init()
     {
-        Testumgebung::zuruecksetzen();
-        Attrappen::dialoge().leeren();
+        FensterStarten(w, {.ohneKatalog = true});
         ordner = Testordner("kataloge");
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
     }
     void cleanup() { w.reset(); }
 
@@ -46,7 +44,7 @@ private slots:
     {
         const QString a = KatalogAnlegen(ordner + "A.db", Baender({"Zappa", "Abba", "Ärzte", "ärger"}));
         Attrappen::dialoge().antwortenDatei << a;
-        w->katalogdatei().mnuOeffnen_Click();
+        w->mnuOeffnen->trigger();
         const auto aufruf = Attrappen::dialoge().aufrufe.first();
         QCOMPARE(aufruf.art, QString("Datei"));
         QCOMPARE(aufruf.datei.titel, QString(" Datenbank laden"));
@@ -71,7 +69,7 @@ private slots:
     {
         const QString vorher = w->Data1->DatabaseName();
         w->staBar->setPanelText(1, "bleibt");
-        w->katalogdatei().mnuOeffnen_Click(); // the dialog answers nothing: cancel
+        w->mnuOeffnen->trigger(); // the dialog answers nothing: cancel
         QCOMPARE(w->staBar->PanelText(1), QString("bleibt"));
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
 
@@ -80,7 +78,7 @@ private slots:
         kopf.replace(4, 15, "Standard Jet DB");
         DateiSchreiben(jet, kopf);
         Attrappen::dialoge().antwortenDatei << jet;
-        w->katalogdatei().mnuOeffnen_Click();
+        w->mnuOeffnen->trigger();
         const auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QVERIFY(m[0].text.contains(jet));
@@ -93,7 +91,7 @@ private slots:
     {
         const QString vorhanden = KatalogAnlegen(ordner + "Da.db", Baender({"Abba"}));
         Attrappen::dialoge().antwortenDatei << vorhanden;
-        w->katalogdatei().mnuNeueDatenbank_Click();
+        w->mnuNeueDatenbank->trigger();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QCOMPARE(m[0].text, QString("Die Datenbank existiert schon und kann nicht überschrieben werden."));
@@ -103,7 +101,7 @@ private slots:
         const QString neu = ordner + "Neu.db";
         Attrappen::dialoge().leeren();
         Attrappen::dialoge().antwortenDatei << neu;
-        w->katalogdatei().mnuNeueDatenbank_Click();
+        w->mnuNeueDatenbank->trigger();
         QVERIFY(Attrappen::dialoge().aufrufe.first().datei.speichern);
         QCOMPARE(Attrappen::dialoge().aufrufe.first().datei.titel, QString(" Neue Datenbank anlegen"));
         QVERIFY(QFileInfo(neu).isWritable());
@@ -123,7 +121,7 @@ private slots:
         w->TextBand->setText("Abba (neu)");
         const QString kopie = Testordner("kopien") + "Kopie.db";
         Attrappen::dialoge().antwortenDatei << kopie;
-        w->katalogdatei().mnuSpeichernUnter_Click();
+        w->mnuSpeichernUnter->trigger();
         QCOMPARE(Attrappen::dialoge().aufrufe.first().datei.startordner, ordner);
         QCOMPARE(w->Data1->DatabaseName(), kopie);
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
@@ -133,7 +131,7 @@ private slots:
         // Its own name exists: refused.
         Attrappen::dialoge().leeren();
         Attrappen::dialoge().antwortenDatei << kopie;
-        w->katalogdatei().mnuSpeichernUnter_Click();
+        w->mnuSpeichernUnter->trigger();
         QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
         QCOMPARE(w->Data1->DatabaseName(), kopie);
     }
@@ -166,7 +164,7 @@ private slots:
         w->katalogdatei().OrdnerMenuPfad(da);
         // "Nein" keeps the entry.
         Attrappen::dialoge().antwortenMsg << "Nein";
-        w->katalogdatei().mnuOrdner_Click(1);
+        w->mnuOrdner[1]->trigger();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.size(), 1);
         QCOMPARE(m[0].titel, QString("Datenbank nicht gefunden"));
@@ -174,12 +172,12 @@ private slots:
         QCOMPARE(w->katalogdatei().OrdnerEintrag(1), ordner + "Weg.db");
         // "Ja" empties and hides it, without closing the gap.
         Attrappen::dialoge().antwortenMsg << "Ja";
-        w->katalogdatei().mnuOrdner_Click(1);
+        w->mnuOrdner[1]->trigger();
         QVERIFY(w->katalogdatei().OrdnerEintrag(1).isEmpty());
         QVERIFY(!w->mnuOrdner[1]->isVisible());
         QCOMPARE(Lesen("1Ordnerpfad", "x"), QString());
         // An existing entry opens.
-        w->katalogdatei().mnuOrdner_Click(0);
+        w->mnuOrdner[0]->trigger();
         QCOMPARE(w->Data1->DatabaseName(), da);
         // A gap closes at the next insert.
         w->katalogdatei().OrdnerEintragSetzen(0, "/k/a.db");

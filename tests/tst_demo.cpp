@@ -5,8 +5,8 @@
 #include "support/Testumgebung.h"
 
 #include "catalogue/Datensteuerung.h"
-#include "collections/frmStilausschlussliste.h"
 #include "catalogue/FlexGrid.h"
+#include "collections/frmStilausschlussliste.h"
 #include "platform/Textdatei.h"
 #include "playback/modPlatten.h"
 #include "shell/Ausgabebox.h"

@@ -1,6 +1,7 @@
 // The small rules every part follows: numbers and truth values read from texts, the
 // ending of a file name, and that a hostile setting cannot make a number that the
 // program then feeds into a window size or a wait.
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -82,21 +83,19 @@ private slots:
     // Settings a user or another program left behind that are no numbers a window can take.
     void feindlicheEinstellungen()
     {
-        Testumgebung::zuruecksetzen();
-        Speichern("ArchivPfad", KatalogAnlegen(Testordner("regeln") + "R.db", Baender({"Abba"})));
-        Speichern("AusgabeboxLeft", "nan");
-        Speichern("AusgabeboxTop", "-inf");
-        Speichern("AusgabeboxWidth", "inf");
-        Speichern("AusgabeboxHeight", "1e999");
-        Speichern("ProgSchriftSize", "nan");
-        Speichern("StandardFontsize", "inf");
-        Ausgabebox w;
-        w.Form_Load();
-        QVERIFY(!w.LadenFehlgeschlagen);
+        std::unique_ptr<Ausgabebox> w;
+        FensterStarten(w, {.zeilen = Baender({"Abba"}),
+                           .einstellungen = {{"AusgabeboxLeft", "nan"},
+                                             {"AusgabeboxTop", "-inf"},
+                                             {"AusgabeboxWidth", "inf"},
+                                             {"AusgabeboxHeight", "1e999"},
+                                             {"ProgSchriftSize", "nan"},
+                                             {"StandardFontsize", "inf"}}});
+        QVERIFY(!w->LadenFehlgeschlagen);
         // The design size stands where the settings give no usable number.
-        QVERIFY(w.width() > 100 && w.width() < 100000);
-        QVERIFY(w.height() > 100 && w.height() < 100000);
-        QVERIFY(std::isfinite(w.TextBand->font().pointSizeF()));
+        QVERIFY(w->width() > 100 && w->width() < 100000);
+        QVERIFY(w->height() > 100 && w->height() < 100000);
+        QVERIFY(std::isfinite(w->TextBand->font().pointSizeF()));
     }
 };
 

@@ -1,13 +1,14 @@
 // The main window as a user meets it: its controls and menus, the layout rules when it
 // is resized, the wheel steps, the table's columns and the record stars.
-#include "catalogue/Datensatzansicht.h"
-#include "catalogue/Tabellenansicht.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
 #include "platform/Einheiten.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -33,12 +34,7 @@ class TestHauptfenster : public QObject {
 
     void starten(const QList<Zeilenwerte>& zeilen)
     {
-        w.reset();
-        Testumgebung::zuruecksetzen();
-        Attrappen::dialoge().leeren();
-        Speichern("ArchivPfad", KatalogAnlegen(Testordner("haupt") + "H.db", zeilen));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
+        FensterStarten(w, {.zeilen = zeilen});
     }
 
     // Resizes the inner area to the given twips.
@@ -125,15 +121,12 @@ private slots:
 
     void spaltenNachDenEinstellungen()
     {
-        Testumgebung::zuruecksetzen();
-        Speichern("TabelleAnordnenCaption0", "LPTitel1");
-        Speichern("TabelleAnordnenCaption1", "Band1");
-        Speichern("TabelleAnordnenCaption2", "Medium0");
-        Speichern("0Spaltenbreite", "0");
-        Speichern("1Spaltenbreite", "2000");
-        w = std::make_unique<Ausgabebox>();
-        Speichern("ArchivPfad", KatalogAnlegen(Testordner("spalten") + "S.db", Baender({"Abba"})));
-        w->Form_Load();
+        FensterStarten(w, {.zeilen = Baender({"Abba"}),
+                           .einstellungen = {{"TabelleAnordnenCaption0", "LPTitel1"},
+                                             {"TabelleAnordnenCaption1", "Band1"},
+                                             {"TabelleAnordnenCaption2", "Medium0"},
+                                             {"0Spaltenbreite", "0"},
+                                             {"1Spaltenbreite", "2000"}}});
         FlexGrid* g = w->MSFlexGrid1;
         QCOMPARE(g->TextMatrix(0, 0), QString("LPTitel"));
         QCOMPARE(g->TextMatrix(0, 1), QString("Band"));
@@ -181,7 +174,7 @@ private slots:
         QCOMPARE(hell(), 0); // "7" is no rating
         w->MSFlexGrid1->setRow(3);
         QCOMPARE(hell(), 0); // a blank neither
-        w->datensatzansicht().imgCDnote_Click(2);
+        QTest::mouseClick(w->imgCDnote[2], Qt::LeftButton);
         QCOMPARE(hell(), 3);
         QCOMPARE(w->txtBewertung->text(), QString("3"));
         w->MSFlexGrid1->setRow(1);

@@ -1,14 +1,15 @@
 // The transport and the Track ratings: start on both sound paths, stop, pause, resume,
 // steps, the A-B loop, the media window, and the rating in a file name.
-#include "catalogue/Datensatzansicht.h"
-#include "playback/Trackliste.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "catalogue/FlexGrid.h"
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
 #include "playback/Abspieler.h"
+#include "playback/Trackliste.h"
 #include "playback/Trackname.h"
 #include "playback/Zufallswahl.h"
 #include "playback/frmWinMediaPlayer.h"
@@ -36,22 +37,16 @@ class TestPlayer : public QObject {
                  const QMap<QString, QString>& einstellungen = {})
     {
         w.reset();
-        Testumgebung::zuruecksetzen();
-        Attrappen::dialoge().leeren();
-        Attrappen::medien().leeren();
-        Attrappen::shell().geoeffnet.clear();
+        Attrappen::leeren();
         static int lauf = 0;
         musik = Testordner(QStringLiteral("musik%1/").arg(++lauf) + ordnerName);
         for (const QString& d : dateien)
             DateiSchreiben(musik + d, "x");
-        Speichern("WinMediaPlayer", medienpfad ? "True" : "False");
-        for (auto e = einstellungen.begin(); e != einstellungen.end(); ++e)
-            Speichern(e.key(), e.value());
-        Speichern("ArchivPfad", KatalogAnlegen(Testordner("player") + "P.db",
-                                               {Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}, {"Bewertung", "4"}},
-                                                Zeilenwerte{{"Band", "Bach"}}}));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
+        QMap<QString, QString> vorher = einstellungen;
+        vorher.insert("WinMediaPlayer", medienpfad ? "True" : "False");
+        FensterStarten(w, {.zeilen = {Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}, {"Bewertung", "4"}},
+                                      Zeilenwerte{{"Band", "Bach"}}},
+                           .einstellungen = vorher});
         Abbruch = false;
         PlaylistModus = false;
     }
@@ -75,7 +70,7 @@ class TestPlayer : public QObject {
     void spielen(int index)
     {
         TrackIndex = index;
-        w->abspieler().imgStart_Click();
+        w->imgStart->click();
     }
 
 private slots:
@@ -116,7 +111,7 @@ private slots:
         QCOMPARE(TrackIndex, eintrag("Heft - 2.pdf"));
         QCOMPARE(helleSterne(w->imgSongNote), 2);
         TrackIndex = eintrag("Heft - 2.pdf");
-        w->trackliste().imgSongNote_Click(3);
+        QTest::mouseClick(w->imgSongNote[3], Qt::LeftButton);
         QVERIFY(QFile::exists(musik + "Heft - 2.pdf"));
         QVERIFY(IstMedienname("a.MKV") && IstMedienname("b.wma") && !IstMedienname("c.jpg") && !IstMedienname("mp3"));
 
@@ -126,7 +121,7 @@ private slots:
         QDir::setCurrent(musik + "..");
         w->TextMusikpfad->setText("Abba/");
         TrackIndex = eintrag("Erstes - 5.mp3");
-        w->trackliste().imgSongNote_Click(1);
+        QTest::mouseClick(w->imgSongNote[1], Qt::LeftButton);
         QVERIFY(QFile::exists(musik + "Erstes - 5.mp3"));
         w->datensatzansicht().TrackListeLaden();
         QDir::setCurrent(vorher);
@@ -143,14 +138,14 @@ private slots:
         TrackIndex = 0;
         w->trackliste().BewertungTracks();
         QCOMPARE(helleSterne(w->imgSongNote), 0);
-        w->trackliste().imgSongNote_Click(1);
+        QTest::mouseClick(w->imgSongNote[1], Qt::LeftButton);
         QVERIFY(QFile::exists(musik + "Live - 1999 - 2.mp3"));
         QVERIFY(!QFile::exists(musik + "Live - 1999.mp3"));
         QCOMPARE(w->filTrack->List(0), QString("Live - 1999 - 2.mp3"));
         QCOMPARE(helleSterne(w->imgSongNote), 2);
 
         TrackIndex = eintrag("Song - 3.mp3");
-        w->trackliste().imgSongNote_Click(4);
+        QTest::mouseClick(w->imgSongNote[4], Qt::LeftButton);
         QVERIFY(QFile::exists(musik + "Song - 5.mp3"));
         QCOMPARE(helleSterne(w->imgSongNote), 5);
 
@@ -167,7 +162,7 @@ private slots:
 
         // A name without a dot changes nothing.
         TrackIndex = eintrag("ohne");
-        w->trackliste().imgSongNote_Click(2);
+        QTest::mouseClick(w->imgSongNote[2], Qt::LeftButton);
         QVERIFY(QFile::exists(musik + "ohne"));
         QCOMPARE(QDir(musik).entryList(QDir::Files).size(), 4);
     }
@@ -190,7 +185,7 @@ private slots:
         spielen(2);
         QCOMPARE(m.offen.size(), 1);
         QCOMPARE(m.offen.value("myalias"), musik + "C.flac");
-        w->abspieler().imgStop_Click();
+        w->imgStop->click();
         QCOMPARE(panel(), QString("no play"));
         QVERIFY(m.offen.isEmpty());
         QVERIFY(mp1()->aufrufe.isEmpty()); // the media path was never asked
@@ -219,12 +214,12 @@ private slots:
         starten({"Pause am Meer.mp3"}, true, "Pause");
         spielen(0);
         QVERIFY(panel().contains("Pause"));
-        w->abspieler().imgPause_Click();
+        w->imgPause[0]->click();
         QVERIFY(Abbruch);
         QVERIFY(!w->abspieler().WmpPause);
         QVERIFY(!w->imgPause[0]->isHidden());
         Abbruch = false;
-        w->abspieler().imgStop_Click();
+        w->imgStop->click();
         QVERIFY(Abbruch);
     }
 
@@ -237,13 +232,13 @@ private slots:
         QVERIFY(w->abspieler().MediaPlayer1Sichtbar);
         QVERIFY(!w->cmdInfoTrack->isHidden());
         QCOMPARE(w->Bild1->height(), Px(3195));
-        w->abspieler().imgPause_Click();
+        w->imgPause[0]->click();
         QCOMPARE(mp1()->playState(), int(Medienspieler::Angehalten));
         QVERIFY(w->imgPause[0]->isHidden());
-        w->abspieler().imgPause_Click();
+        w->imgPause[1]->click();
         QCOMPARE(mp1()->playState(), int(Medienspieler::Spielt));
         Attrappen::uhr().vorruecken(42000);
-        w->abspieler().imgStop_Click();
+        w->imgStop->click();
         QCOMPARE(w->abspieler().ResumePosition, 42);
         QCOMPARE(w->abspieler().ResumeIndex, 1);
         QCOMPARE(w->abspieler().ResumeOrdner, musik);
@@ -251,7 +246,7 @@ private slots:
         QCOMPARE(w->Bild1->height(), Px(4150));
         // Resume starts the kept Track and goes to the kept place.
         TrackIndex = 0;
-        w->abspieler().imgResume_Click();
+        w->imgResume->click();
         QCOMPARE(mp1()->URL(), musik + "B.mp3");
         QCOMPARE(mp1()->aufrufe.last(), QString("Position 42"));
         QVERIFY(std::abs(mp1()->currentPosition() - 42.0) < 0.5);
@@ -282,16 +277,16 @@ private slots:
     void abSchleifeSpringtZurueck()
     {
         starten({"A.mp3"}, true);
-        w->abspieler().imgPosAB_Click(); // "no play": nothing
+        w->imgPosAB[0]->click(); // "no play": nothing
         QVERIFY(!w->abspieler().PosAGesetzt);
         spielen(0);
         Attrappen::uhr().vorruecken(10000);
-        w->abspieler().imgPosAB_Click();
+        w->imgPosAB[0]->click();
         QVERIFY(w->abspieler().PosAGesetzt);
         QCOMPARE(w->abspieler().PosA, 10);
         QVERIFY(!w->imgPosAB[1]->isHidden());
         Attrappen::uhr().vorruecken(20000);
-        w->abspieler().imgPosAB_Click();
+        w->imgPosAB[1]->click();
         QCOMPARE(w->abspieler().PosB, 30);
         QVERIFY(w->TimerPosAB->isEnabled());
         QVERIFY(!w->imgPosAB[2]->isHidden());
@@ -299,7 +294,7 @@ private slots:
         Attrappen::uhr().vorruecken(1000);
         QVERIFY(mp1()->aufrufe.contains("Position 10"));
         QVERIFY(mp1()->currentPosition() < 12.0);
-        w->abspieler().imgPosAB_Click();
+        w->imgPosAB[2]->click();
         QCOMPARE(w->abspieler().PosA, 0);
         QVERIFY(!w->TimerPosAB->isEnabled());
         QVERIFY(!w->imgPosAB[0]->isHidden());
@@ -309,11 +304,11 @@ private slots:
     {
         starten({"A.mp3", "B.mp3", "C.mp3"}, false);
         spielen(0);
-        w->abspieler().imgVorBack_Click(0);
+        w->imgVorBack[0]->click();
         QCOMPARE(TrackIndex, 2);
-        w->abspieler().imgVorBack_Click(1);
+        w->imgVorBack[1]->click();
         QCOMPARE(TrackIndex, 0);
-        w->abspieler().imgVorBack_Click(1);
+        w->imgVorBack[1]->click();
         QCOMPARE(TrackIndex, 1);
         QCOMPARE(Attrappen::medien().gestartet().last(), musik + "B.mp3");
     }
@@ -370,13 +365,13 @@ private slots:
         starten({"'Extern.mp3", "Lied.mp3"}, false);
         Attrappen::medien().laengen.insert(musik + "Lied.mp3", 185.0);
         TrackIndex = 1;
-        w->trackliste().mnuLiedLang_Click();
+        w->mnuLiedLang->trigger();
         auto m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.last().text, QString("Lied.mp3\n\n3:05 min"));
         QCOMPARE(m.last().titel, QString("Liedlänge messen"));
         QFile::remove(musik + "Lied.mp3");
         Attrappen::medien().laengen.clear();
-        w->trackliste().mnuLiedLang_Click();
+        w->mnuLiedLang->trigger();
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("Lied.mp3\n\n0:-01 min"));
         // An apostrophe at the start hands the file to its own program.
         spielen(0);

@@ -4,8 +4,8 @@
 #include "media/Rtf.h"
 
 #include <QElapsedTimer>
-#include <QRegularExpression>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextBlock>
 #include <QTextCursor>

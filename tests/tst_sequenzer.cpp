@@ -1,5 +1,6 @@
 // Tracks follow each other: the sequencer's ticks on the fake clock, the pause between
 // Tracks, random and repeated runs, exclusions, the mode boxes and the running title.
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
@@ -40,13 +41,7 @@ class TestSequenzer : public QObject {
 
     void starten(const QList<Zeilenwerte>& zeilen)
     {
-        w.reset();
-        Testumgebung::zuruecksetzen();
-        Attrappen::dialoge().leeren();
-        Speichern("WinMediaPlayer", "False");
-        Speichern("ArchivPfad", KatalogAnlegen(wurzel + "S.db", zeilen));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
+        FensterStarten(w, {.zeilen = zeilen, .einstellungen = {{"WinMediaPlayer", "False"}}});
         w->MSFlexGrid1->setRow(1);
         Abbruch = false;
         StopGedrueckt = false;
@@ -70,7 +65,7 @@ class TestSequenzer : public QObject {
     void spielen(int index)
     {
         TrackIndex = index;
-        w->abspieler().imgStart_Click();
+        w->imgStart->click();
     }
 
 private slots:
@@ -128,7 +123,7 @@ private slots:
                 einmal = false;
                 // The tick that waits is not entered a second time.
                 w->sequenzer().Timer1_Timer();
-                w->abspieler().imgPause_Click();
+                w->imgPause[1]->click();
             }
         });
         spielen(0);
@@ -139,7 +134,7 @@ private slots:
         connect(w->staBar, &Statusleiste::PanelGeaendert, this, [&](int nr, const QString& text) {
             if (nr == 2 && text == u"3 Sek. Pause") {
                 StopGedrueckt = true;
-                w->abspieler().imgStop_Click();
+                w->imgStop->click();
             }
         });
         Attrappen::uhr().vorruecken(60000);

@@ -1,13 +1,14 @@
 // The sleep function: the time dialog, the menu entry with its question, and what
 // happens at the chosen minute. The fake clock runs the minutes; the doubles of the
 // process and of the energy service record the end and the switch-off.
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
 
 #include "platform/Dienste.h"
-#include "playback/frmUhrzeit.h"
 #include "playback/Schlafmodus.h"
+#include "playback/frmUhrzeit.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -26,15 +27,8 @@ class TestSleep : public QObject {
 
     void starten()
     {
-        w.reset();
-        Speichern("ArchivPfad", KatalogAnlegen(Testordner("sleep") + "S.db", Baender({"Abba"})));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
-        w->show();
-        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
-        Attrappen::dialoge().leeren();
-        Attrappen::prozess().beendet.clear();
-        Attrappen::energie() = EnergieAttrappe();
+        FensterStarten(w, {.zeilen = Baender({"Abba"}), .zuruecksetzen = false, .zeigen = true});
+        Attrappen::leeren();
     }
 
     static QDateTime jetzt() { return D().uhr().jetzt(); }

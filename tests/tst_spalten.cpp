@@ -1,11 +1,12 @@
 // The column arrangement window: how its buttons move the columns, what it stores, and
 // how the table follows it.
-#include "catalogue/Tabellenansicht.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
 
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Tabellenansicht.h"
 #include "catalogue/frmSpaltenAnordnen.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -54,14 +55,10 @@ class TestSpalten : public QObject {
 
     void starten()
     {
-        Speichern("ArchivPfad",
-                  KatalogAnlegen(Testordner("spalten") + "S.db",
-                                 {Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}},
-                                  Zeilenwerte{{"Band", "Eine Band mit einem recht langen Namen"}, {"Stil", "Rock"}}}));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
-        w->show();
-        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+        FensterStarten(w, {.zeilen = {Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}},
+                                      Zeilenwerte{{"Band", "Eine Band mit einem recht langen Namen"}, {"Stil", "Rock"}}},
+                           .zuruecksetzen = false,
+                           .zeigen = true});
     }
 
     int breite(const QString& kopf) const { return w->MSFlexGrid1->ColWidth(w->MSFlexGrid1->SpalteSuchen(kopf)); }
@@ -141,7 +138,7 @@ private slots:
             QVERIFY(TabelleNichtAnordnen); // before the window closes
             QVERIFY(Klicken(d, "cmdExit"));
         });
-        w->tabellenansicht().mnuTabelleAnordnen_Click();
+        w->mnuTabelleAnordnen->trigger();
         QVERIFY(ModalBedient());
         QVERIFY(TabelleNichtAnordnen);
         QCOMPARE(anordnung(), QStringList(18, "-"));
@@ -163,7 +160,7 @@ private slots:
             d->findChild<QCheckBox*>("chkNotSort")->click();
             QVERIFY(Klicken(d, "cmdOK"));
         });
-        w->tabellenansicht().mnuTabelleAnordnen_Click();
+        w->mnuTabelleAnordnen->trigger();
         QVERIFY(!TabelleNichtAnordnen);
         QCOMPARE(Lesen("TableNotSort"), QString("0"));
         QCOMPARE(w->MSFlexGrid1->TextMatrix(0, 0), QString("LPTitel"));
@@ -184,7 +181,7 @@ private slots:
             QVERIFY(Klicken(d, "cmdHochTief(0)"));
             QVERIFY(Klicken(d, "cmdOK"));
         });
-        w->tabellenansicht().mnuTabelleAnordnen_Click();
+        w->mnuTabelleAnordnen->trigger();
         QVERIFY(ModalBedient());
         // Stored and shown in this order, the hidden ones behind; the widths fitted.
         const QStringList erwartet = {"Stil", "Band", "LPTitel", "Plattenfirma", "BestellNr", "Preis",
@@ -205,7 +202,7 @@ private slots:
                 Klicken(d, "cmdEntfernen");
             QVERIFY(Klicken(d, "cmdOK"));
         });
-        w->tabellenansicht().mnuTabelleAnordnen_Click();
+        w->mnuTabelleAnordnen->trigger();
         QCOMPARE(Lesen("TabelleAnordnenCaption0"), QString("Medium0"));
         for (const QString& kopf : Alle)
             QCOMPARE(breite(kopf), 0);

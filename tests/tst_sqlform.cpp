@@ -1,5 +1,6 @@
 // The SQL console: the stored list in sql.dat, the keys of its fields, the window's place,
 // and the two ways the main window runs a statement.
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Modal.h"
 #include "support/Testumgebung.h"
@@ -54,16 +55,12 @@ class TestSqlform : public QObject {
 
     void starten()
     {
-        katalog = KatalogAnlegen(Testordner("sql") + "Q.db",
-                                 {Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}},
-                                  Zeilenwerte{{"Band", "Bach"}, {"Stil", "Klassik"}},
-                                  Zeilenwerte{{"Band", "Ärzte"}, {"Stil", "Punk"}},
-                                  Zeilenwerte{{"Band", "Cream"}, {"Stil", "Blues"}}});
-        Speichern("ArchivPfad", katalog);
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
-        w->show();
-        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+        katalog = FensterStarten(w, {.zeilen = {Zeilenwerte{{"Band", "Abba"}, {"Stil", "Pop"}},
+                                                Zeilenwerte{{"Band", "Bach"}, {"Stil", "Klassik"}},
+                                                Zeilenwerte{{"Band", "Ärzte"}, {"Stil", "Punk"}},
+                                                Zeilenwerte{{"Band", "Cream"}, {"Stil", "Blues"}}},
+                                     .zuruecksetzen = false,
+                                     .zeigen = true});
         Attrappen::dialoge().leeren();
     }
 
@@ -220,18 +217,18 @@ private slots:
                 else
                     Klicken(d, "CommandExit");
             });
-            w->sqlKonsole().MenuSQLabfrage_Click();
+            w->MenuSQLabfrage->trigger();
             QVERIFY(ModalBedient());
         }
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
 
         // A delete offered as record source is refused: nothing deleted, the cursor back.
         ModalBedienen(ausfuehren("delete from Schallplatten", 0));
-        w->sqlKonsole().MenuSQLabfrage_Click();
+        w->MenuSQLabfrage->trigger();
         QCOMPARE(Attrappen::dialoge().meldungen().size(), 1);
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 4);
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
-        w->katalogdatei().MenuAktualisieren_Click();
+        w->MenuAktualisieren->trigger();
         QCOMPARE(w->MSFlexGrid1->Rows(), 5);
     }
 
@@ -239,7 +236,7 @@ private slots:
     {
         starten();
         ModalBedienen(ausfuehren("update Schallplatten set Stil = 'Jazz' where Stil like 'P*'", 1));
-        w->sqlKonsole().MenuSQLabfrage_Click();
+        w->MenuSQLabfrage->trigger();
         QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{"2 Datensätze bearbeitet!"});
         QCOMPARE(spalte("Stil"), (QStringList{"Jazz", "Jazz", "Klassik", "Blues"}));
         QCOMPARE(KatalogSpalte(katalog, "Stil"), (QStringList{"Jazz", "Klassik", "Jazz", "Blues"}));
@@ -248,14 +245,14 @@ private slots:
         Attrappen::dialoge().leeren();
         const QString quelle = w->Data1->RecordSource();
         ModalBedienen(ausfuehren("select * from Schallplatten", 1));
-        w->sqlKonsole().MenuSQLabfrage_Click();
+        w->MenuSQLabfrage->trigger();
         QVERIFY(Attrappen::dialoge().meldungsTexte().value(0).startsWith("3065 "));
         QCOMPARE(MauszeigerArt(), ZeigerStandard);
         QCOMPARE(w->Data1->RecordSource(), quelle);
         QCOMPARE(w->MSFlexGrid1->Rows(), 5);
         // The program goes on.
         ModalBedienen(ausfuehren("delete from Schallplatten where Band = 'Bach'", 1));
-        w->sqlKonsole().MenuSQLabfrage_Click();
+        w->MenuSQLabfrage->trigger();
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, QString("1 Datensätze bearbeitet!"));
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Ärzte", "Cream"}));
     }

@@ -1,12 +1,13 @@
 // The start of the program: choice of the catalogue, the second instance, the age test,
 // a damaged catalogue, and what the end keeps for the next start.
-#include "media/Textfenster.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
+#include "media/Textfenster.h"
 #include "platform/Einheiten.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -23,10 +24,11 @@
 class TestStart : public QObject {
     Q_OBJECT
 
+    // The start on what the test has set up: its settings, its files, no catalogue named.
     std::unique_ptr<Ausgabebox> starten()
     {
-        auto w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
+        std::unique_ptr<Ausgabebox> w;
+        FensterStarten(w, {.ohneKatalog = true, .zuruecksetzen = false});
         return w;
     }
 

@@ -1,12 +1,13 @@
 // The table: sorting by a head, the letter buttons jumping and filtering, column widths,
 // select all, and the Track list that follows the record.
-#include "catalogue/Tabellenansicht.h"
+#include "support/Fenster.h"
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -27,14 +28,7 @@ class TestTabelle : public QObject {
 
     void starten(const QList<Zeilenwerte>& zeilen)
     {
-        w.reset();
-        Testumgebung::zuruecksetzen();
-        Attrappen::dialoge().leeren();
-        Speichern("ArchivPfad", KatalogAnlegen(Testordner("tabelle") + "T.db", zeilen));
-        w = std::make_unique<Ausgabebox>();
-        w->Form_Load();
-        w->show();
-        QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+        FensterStarten(w, {.zeilen = zeilen, .zeigen = true});
     }
 
     QStringList spalte(const QString& kopf) const
@@ -126,20 +120,20 @@ private slots:
         starten(zeilen);
         FlexGrid* g = w->MSFlexGrid1;
         const int vorher = g->Row();
-        w->tabellenansicht().ButtonAlpabeth_MouseUp(12); // M
+        w->ButtonAlpabeth[12]->click(); // M
         QCOMPARE(g->TopRow(), 61);
         QCOMPARE(g->Row(), vorher);
         QCOMPARE(g->Rows(), 122);
         // No entry for the letter: nothing moves.
-        w->tabellenansicht().ButtonAlpabeth_MouseUp(16);
+        w->ButtonAlpabeth[16]->click();
         QCOMPARE(g->TopRow(), 61);
         // The first entry in the last row: no scroll to it.
-        w->tabellenansicht().ButtonAlpabeth_MouseUp(25);
+        w->ButtonAlpabeth[25]->click();
         QCOMPARE(g->TopRow(), 61);
         // The chosen column counts.
         w->mnuSpalte[0]->setChecked(false);
         w->mnuSpalte[1]->setChecked(true); // LPTitel: all blank
-        w->tabellenansicht().ButtonAlpabeth_MouseUp(0);
+        w->ButtonAlpabeth[0]->click();
         QCOMPARE(g->TopRow(), 61);
     }
 
@@ -150,12 +144,12 @@ private slots:
         Speichern("TabelleAnordnenCaption2", "Medium0");
         w->tabellenansicht().TabelleEinrichten();
         QCOMPARE(g->ColWidth(2), 0);
-        w->tabellenansicht().mnuAllesMarkieren_Click();
+        w->mnuAllesMarkieren->trigger();
         QCOMPARE(g->Row(), 1);
         QCOMPARE(g->Col(), 0);
         QCOMPARE(g->RowSel(), 2);
         QCOMPARE(g->ColSel(), g->Cols() - 2); // the one hidden column is left out
-        w->tabellenansicht().mnuTabelleAutosize_Click();
+        w->mnuTabelleAutosize->trigger();
         QVERIFY(g->ColWidth(0) > 3000);
         QVERIFY(g->ColWidth(0) <= 10000);
         QCOMPARE(g->ColWidth(2), 0); // hidden stays hidden

@@ -357,3 +357,14 @@ void Attrappen::installieren()
     s_medien = einsetzen<MedienAttrappe>(&Dienste::setzeMedien);
     s_energie = einsetzen<EnergieAttrappe>(&Dienste::setzeEnergie);
 }
+
+void Attrappen::leeren()
+{
+    dialoge().leeren();
+    medien().leeren();
+    shell() = ShellAttrappe();
+    papierkorb().verschoben.clear();
+    klang().gespielt.clear();
+    prozess().beendet.clear();
+    energie() = EnergieAttrappe();
+}

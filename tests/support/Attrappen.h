@@ -229,4 +229,7 @@ struct Attrappen {
     static EnergieAttrappe& energie();
     // Installs fresh doubles for every service.
     static void installieren();
+    // Forgets the answers and records of the dialogs, the media, the shell, the trash,
+    // the sounds, the process end and the energy service; the clock runs on.
+    static void leeren();
 };
