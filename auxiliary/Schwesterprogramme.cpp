@@ -2,6 +2,7 @@
 
 #include "shell/Ausgabebox.h"
 #include "shell/Grundregeln.h"
+#include "shell/Steuerelemente.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "platform/Dienste.h"
@@ -12,7 +13,7 @@
 
 void Schwesterprogramme::verbinden()
 {
-    connect(box.mnuDatenbank, &QAction::triggered, this, [this] { mnuDatenbank_Click(); });
+    BefehlVerbinden(box.mnuDatenbank, this, [this] { mnuDatenbank_Click(); });
 }
 
 void Schwesterprogramme::mnuDatenbank_Click()

@@ -46,9 +46,9 @@ QString blankFrei(const QString& text)
 
 void Datensatzbearbeitung::verbinden()
 {
-    connect(box.MenuNeuEingabe, &QAction::triggered, this, [this] { MenuNeuEingabe_Click(); });
-    connect(box.MenuSpeichern, &QAction::triggered, this, [this] { MenuSpeichern_Click(); });
-    connect(box.MenuEintragLoeschen, &QAction::triggered, this, [this] { MenuEintragLoeschen_Click(); });
+    BefehlVerbinden(box.MenuNeuEingabe, this, [this] { MenuNeuEingabe_Click(); });
+    BefehlVerbinden(box.MenuSpeichern, this, [this] { MenuSpeichern_Click(); });
+    BefehlVerbinden(box.MenuEintragLoeschen, this, [this] { MenuEintragLoeschen_Click(); });
 }
 
 void Datensatzbearbeitung::NeuerTextFormatieren(QTextEdit* text)

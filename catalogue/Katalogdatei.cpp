@@ -57,12 +57,12 @@ void kopieren(const QString& quelle, const QString& ziel)
 
 void Katalogdatei::verbinden()
 {
-    connect(box.mnuOeffnen, &QAction::triggered, this, [this] { mnuOeffnen_Click(); });
-    connect(box.mnuNeueDatenbank, &QAction::triggered, this, [this] { mnuNeueDatenbank_Click(); });
-    connect(box.mnuSpeichernUnter, &QAction::triggered, this, [this] { mnuSpeichernUnter_Click(); });
-    connect(box.MenuAktualisieren, &QAction::triggered, this, [this] { MenuAktualisieren_Click(); });
+    BefehlVerbinden(box.mnuOeffnen, this, [this] { mnuOeffnen_Click(); });
+    BefehlVerbinden(box.mnuNeueDatenbank, this, [this] { mnuNeueDatenbank_Click(); });
+    BefehlVerbinden(box.mnuSpeichernUnter, this, [this] { mnuSpeichernUnter_Click(); });
+    BefehlVerbinden(box.MenuAktualisieren, this, [this] { MenuAktualisieren_Click(); });
     for (int i = 0; i < 10; ++i)
-        connect(box.mnuOrdner[i], &QAction::triggered, this, [this, i] { mnuOrdner_Click(i); });
+        BefehlVerbinden(box.mnuOrdner[i], this, [this, i] { mnuOrdner_Click(i); });
 }
 
 void Katalogdatei::mnuOeffnen_Click(const QString& vorgegeben)

@@ -43,15 +43,15 @@ QString anordnungSchluessel(int n) { return QStringLiteral("TabelleAnordnenCapti
 void Tabellenansicht::verbinden()
 {
     for (int i = 0; i < 15; ++i)
-        connect(box.mnuSpalte[i], &QAction::triggered, this, [this, i] {
+        BefehlVerbinden(box.mnuSpalte[i], this, [this, i] {
             for (QAction* a : box.mnuSpalte)
                 a->setChecked(false);
             box.mnuSpalte[i]->setChecked(true);
         });
     connect(box.cmdABC, &QPushButton::clicked, this, [this] { box.katalogdatei().MenuAktualisieren_Click(); });
-    connect(box.mnuTabelleAutosize, &QAction::triggered, this, [this] { mnuTabelleAutosize_Click(); });
-    connect(box.mnuAllesMarkieren, &QAction::triggered, this, [this] { mnuAllesMarkieren_Click(); });
-    connect(box.mnuTabelleAnordnen, &QAction::triggered, this, [this] { mnuTabelleAnordnen_Click(); });
+    BefehlVerbinden(box.mnuTabelleAutosize, this, [this] { mnuTabelleAutosize_Click(); });
+    BefehlVerbinden(box.mnuAllesMarkieren, this, [this] { mnuAllesMarkieren_Click(); });
+    BefehlVerbinden(box.mnuTabelleAnordnen, this, [this] { mnuTabelleAnordnen_Click(); });
     KlickVerbinden(box.chkTabelle, this, [this] { chkTabelle_Click(); });
     for (int i = 0; i < 32; ++i) {
         connect(box.ButtonAlpabeth[i], &QPushButton::clicked, this, [this, i] { ButtonAlpabeth_MouseUp(i); });

@@ -1,6 +1,7 @@
 #include "collections/Abspielausschluss.h"
 
 #include "shell/Ausgabebox.h"
+#include "shell/Steuerelemente.h"
 
 #include "catalogue/FlexGrid.h"
 #include "collections/Ausschlusslisten.h"
@@ -13,8 +14,8 @@
 
 void Abspielausschluss::verbinden()
 {
-    connect(box.mnuStilrichtungAusschliessen, &QAction::triggered, this, [this] { mnuStilrichtungAusschliessen_Click(); });
-    connect(box.mnuBandAusschliessen, &QAction::triggered, this, [this] { mnuBandAusschliessen_Click(); });
+    BefehlVerbinden(box.mnuStilrichtungAusschliessen, this, [this] { mnuStilrichtungAusschliessen_Click(); });
+    BefehlVerbinden(box.mnuBandAusschliessen, this, [this] { mnuBandAusschliessen_Click(); });
 }
 
 void Abspielausschluss::AbspielausschlusslisteLaden()

@@ -1,6 +1,7 @@
 #include "collections/SqlKonsole.h"
 
 #include "shell/Ausgabebox.h"
+#include "shell/Steuerelemente.h"
 
 #include "catalogue/Datenbank.h"
 #include "catalogue/Datensteuerung.h"
@@ -15,7 +16,7 @@
 
 void SqlKonsole::verbinden()
 {
-    connect(box.MenuSQLabfrage, &QAction::triggered, this, [this] { MenuSQLabfrage_Click(); });
+    BefehlVerbinden(box.MenuSQLabfrage, this, [this] { MenuSQLabfrage_Click(); });
 }
 
 void SqlKonsole::MenuSQLabfrage_Click()

@@ -71,7 +71,7 @@ void Abspieler::verbinden()
     connect(box.cmdPlayAsso, &QPushButton::clicked, this, [this] { cmdPlayAsso_Click(); });
     KlickVerbinden(box.chkVisualisierung, this, [this] { chkVisualisierung_Click(); });
     KlickVerbinden(box.chkVollbild, this, [this] { chkVollbild_Click(); });
-    connect(box.mnuWinPlayerVerwenden, &QAction::triggered, this, [this] { mnuWinPlayerVerwenden_Click(); });
+    BefehlVerbinden(box.mnuWinPlayerVerwenden, this, [this] { mnuWinPlayerVerwenden_Click(); });
     connect(box.MediaPlayer1Spieler, &Medienspieler::PlayStateChange, this,
             [this](int zustand) { MediaPlayer1_PlayStateChange(zustand); });
     box.MediaPlayer1->installEventFilter(this);

@@ -18,7 +18,7 @@
 void Schlafmodus::verbinden()
 {
     // The handler decides about the check mark from the state before the click.
-    connect(box.mnuSleep, &QAction::triggered, this, [this](bool haken) {
+    BefehlVerbinden(box.mnuSleep, this, [this](bool haken) {
         box.mnuSleep->setChecked(!haken);
         mnuSleep_Click();
     });

@@ -45,8 +45,8 @@ void Sequenzer::verbinden()
     KlickVerbinden(box.chkMarkTracks, this, [this] { chkMarkTracks_Click(); });
     KlickVerbinden(box.chkShuffle, this, [this] { chkShuffle_Click(); });
     KlickVerbinden(box.chkTracksAnspielen, this, [this] { chkTracksAnspielen_Click(); });
-    connect(box.mnuPauseZwischenTracks, &QAction::triggered, this, [this] { mnuPauseZwischenTracks_Click(); });
-    connect(box.mnuLaufschrift, &QAction::triggered, this, [this] { mnuLaufschrift_Click(); });
+    BefehlVerbinden(box.mnuPauseZwischenTracks, this, [this] { mnuPauseZwischenTracks_Click(); });
+    BefehlVerbinden(box.mnuLaufschrift, this, [this] { mnuLaufschrift_Click(); });
 }
 
 void Sequenzer::chkAlleTracks_Click()

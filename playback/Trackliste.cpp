@@ -86,7 +86,7 @@ void Trackliste::verbinden()
     for (int i = 0; i < 6; ++i)
         connect(box.imgSongNote[i], &Bildfeld::Click, this, [this, i] { imgSongNote_Click(i); });
     connect(box.cmdInfoTrack, &QPushButton::clicked, this, [this] { cmdInfoTrack_Click(); });
-    connect(box.mnuLiedLang, &QAction::triggered, this, [this] { mnuLiedLang_Click(); });
+    BefehlVerbinden(box.mnuLiedLang, this, [this] { mnuLiedLang_Click(); });
     connect(box.filTrack, &QListWidget::itemClicked, this, [this] { BewertungTracks(); });
     connect(box.filTrack, &Dateiliste::DblClick, this, [this] { box.abspieler().imgStart_Click(); });
     box.filTrack->viewport()->installEventFilter(this);

@@ -71,7 +71,7 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     setAttribute(Qt::WA_DeleteOnClose, false);
     anlegen(this);
     TeileAnlegen();
-    connect(MenuBeendenAktion, &QAction::triggered, this, [this] { MenuBeenden(); });
+    BefehlVerbinden(MenuBeendenAktion, this, [this] { MenuBeenden(); });
     for (int i = 0; i < 18; ++i)
         tabellenansicht().SpaltenTitel[size_t(i)].clear();
     staBar->setPanelText(2, QStringLiteral("no play"));

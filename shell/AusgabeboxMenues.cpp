@@ -235,19 +235,10 @@ void AusgabeboxSteuerelemente::menuesAnlegen(QMainWindow* fenster)
         mnuSpalte[i] = a;
     }
 
-    // Entries whose commands are not built yet are there, but greyed.
-    const QList<QAction*> bereit = {mnuOeffnen,         mnuNeueDatenbank,  mnuSpeichernUnter,
-                                    MenuAktualisieren,  MenuBeendenAktion, mnuDatenbank,
-                                    mnuTabelleAutosize, mnuAllesMarkieren, MenuNeuEingabe,
-                                    MenuSpeichern,      MenuEintragLoeschen, mnuTabelleAnordnen,
-                                    MenuSQLabfrage,     mnuWinPlayerVerwenden, mnuLiedLang,
-                                    mnuPauseZwischenTracks, mnuLaufschrift,
-                                    mnuStilrichtungAusschliessen, mnuBandAusschliessen, mnuSleep};
+    // Every entry of the bar waits greyed until its command is wired (BefehlVerbinden).
     for (QMenu* menue : {mnuDatei, MenuBearbeiten, mnuTabelle, mnuPlayer, mnuPlaylist, mnuBild, mnuSchrift,
                          mnuExtras, mnuOptionen, MenuHelp})
         for (QAction* a : menue->actions())
-            if (!a->isSeparator() && !bereit.contains(a) && !a->objectName().startsWith(u"mnuOrdner"))
+            if (!a->isSeparator())
                 a->setEnabled(false);
-    for (QAction* a : mnuSpalte)
-        a->setEnabled(true);
 }

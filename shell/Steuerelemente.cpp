@@ -1,5 +1,6 @@
 #include "shell/Steuerelemente.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QCollator>
 #include <QDir>
@@ -23,6 +24,18 @@ QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& t
 void KlickVerbinden(QCheckBox* kasten, const QObject* kontext, std::function<void()> handler)
 {
     QObject::connect(kasten, &QCheckBox::stateChanged, kontext, [handler = std::move(handler)](int) { handler(); });
+}
+
+void BefehlVerbinden(QAction* eintrag, const QObject* kontext, std::function<void()> befehl)
+{
+    eintrag->setEnabled(true);
+    QObject::connect(eintrag, &QAction::triggered, kontext, [befehl = std::move(befehl)] { befehl(); });
+}
+
+void BefehlVerbinden(QAction* eintrag, const QObject* kontext, std::function<void(bool)> befehl)
+{
+    eintrag->setEnabled(true);
+    QObject::connect(eintrag, &QAction::triggered, kontext, [befehl = std::move(befehl)](bool haken) { befehl(haken); });
 }
 
 // ---- Dateiliste ----

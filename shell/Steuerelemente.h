@@ -12,6 +12,7 @@
 #include <functional>
 #include <vector>
 
+class QAction;
 class QCheckBox;
 class QPushButton;
 
@@ -23,6 +24,12 @@ QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& t
 // by a click or set in code, as the boxes of the system always have. Code that sets a box
 // therefore never calls its handler itself. Every box with a handler is wired here.
 void KlickVerbinden(QCheckBox* kasten, const QObject* kontext, std::function<void()> handler);
+
+// A menu entry runs its command. The main window's entries stand greyed until their
+// command is wired here, so an entry without a command can never be chosen.
+void BefehlVerbinden(QAction* eintrag, const QObject* kontext, std::function<void()> befehl);
+// The same for a checkable entry whose command wants the new check state.
+void BefehlVerbinden(QAction* eintrag, const QObject* kontext, std::function<void(bool)> befehl);
 
 // A file list: the files of one folder matching a pattern, sorted by name without
 // regard to case, several selectable at once.

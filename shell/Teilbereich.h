@@ -7,7 +7,8 @@
 // - is made by Ausgabebox after the controls, as a child of the window, so that it
 //   outlives the controls when the window goes, and the window offers it by reference;
 // - wires its own controls, actions and timers in verbinden(), which the window calls
-//   once, when all parts are made;
+//   once, when all parts are made; a menu entry is wired with BefehlVerbinden
+//   (shell/Steuerelemente.h), which also takes away the grey it stands in until then;
 // - keeps the state that only it reads private. What several parts read stays on the
 //   window, or is a global where the system has one.
 // Parts call each other directly through the window, in the order the procedures call
