@@ -10,9 +10,6 @@ public:
     using Teilbereich::Teilbereich;
     void verbinden() override;
 
-    // Shows the panes of the chosen text tab (1 covers, 2 to 4 texts, 5 playlists).
-    void TextseiteZeigen();
-
     // The standard font of the text panes, for new entries.
     QString StandardFontName = QStringLiteral("Segoe UI");
     double StandardFontsize = 12;
@@ -24,4 +21,8 @@ public:
 
 protected:
     bool eventFilter(QObject* objekt, QEvent* ereignis) override;
+
+private:
+    // Shows the panes of the chosen text tab (1 covers, 2 to 4 texts, 5 playlists).
+    void TextseiteZeigen();
 };

@@ -22,9 +22,6 @@ public:
     void imgPosAB_Click();
     void TimerPosAB_Timer();
     void SonderfunktionenAus();
-    // Hands a file to the media player path: the control here, or the window for video
-    // and pictures.
-    void MediaPlayerPfad(const QString& pfad);
     void cmdPlayAsso_Click();
     void MiniPlayerVorBackStart();
     void MiniPlayerStop();
@@ -34,12 +31,8 @@ public:
     void chkVollbild_Click();
     void mnuWinPlayerVerwenden_Click();
     void SuchenPlaylistTitel();
-    // The window for video and pictures, made when first needed.
-    frmWinMediaPlayer* WinMediaPlayerFenster();
     // The media player control on the main window shows (on the covers' tab).
     void MediaPlayer1Zeigen(bool sichtbar);
-    // Over the control while an audio file plays: cover, title and progress.
-    void AudioanzeigeAktualisieren();
 
     double TrackEndeZeit = 0;
     QString LaufenderTrack;
@@ -51,10 +44,21 @@ public:
     int ResumePosition = 0;
     int ResumeIndex = 0;
     QString ResumeOrdner;
-    bool PlaylistTitelErzwingen = false;
     bool MediaPlayer1Sichtbar = false;
     frmWinMediaPlayer* WinMediaPlayer = nullptr;
 
 protected:
     bool eventFilter(QObject* objekt, QEvent* ereignis) override;
+
+private:
+    // Hands a file to the media player path: the control here, or the window for video
+    // and pictures.
+    void MediaPlayerPfad(const QString& pfad);
+    // The window for video and pictures, made when first needed.
+    frmWinMediaPlayer* WinMediaPlayerFenster();
+    // Over the control while an audio file plays: cover, title and progress.
+    void AudioanzeigeAktualisieren();
+
+    // The next title search of the playlist is forced.
+    bool PlaylistTitelErzwingen = false;
 };

@@ -14,12 +14,14 @@ public:
     void imgSongNote_Click(int index);
     void mnuLiedLang_Click();
     void cmdInfoTrack_Click();
-    // What follows a key or the mouse in the Track list.
-    void filTrack_Nachlauf();
     void TextSongAktualisieren();
-    // Scrolls the lyrics to the first place of the name, caseless; false when absent.
-    bool LiedtextZeigen(const QString& name);
 
 protected:
     bool eventFilter(QObject* objekt, QEvent* ereignis) override;
+
+private:
+    // What follows a key or the mouse in the Track list.
+    void filTrack_Nachlauf();
+    // Scrolls the lyrics to the first place of the name, caseless; false when absent.
+    bool LiedtextZeigen(const QString& name);
 };
