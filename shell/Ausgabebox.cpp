@@ -54,7 +54,6 @@
 #include <QTextEdit>
 #include <QTreeWidget>
 
-
 const QString Ausgabebox::Titel = QStringLiteral("Rillenkammer - Lumivox");
 
 namespace {
@@ -72,8 +71,6 @@ Ausgabebox::Ausgabebox(QWidget* eltern)
     anlegen(this);
     TeileAnlegen();
     BefehlVerbinden(MenuBeendenAktion, this, [this] { MenuBeenden(); });
-    for (int i = 0; i < 18; ++i)
-        tabellenansicht().SpaltenTitel[size_t(i)].clear();
     staBar->setPanelText(2, QStringLiteral("no play"));
     staBar->setPanelText(6, QStringLiteral("Sleep Off"));
     resize(Px(15225), Px(10725));
