@@ -2,6 +2,7 @@
 // What the RTF reader's two files share: the control words it knows, the states of a
 // group, and the reader itself.
 #include "media/RtfIntern.h"
+#include "shell/Grundregeln.h"
 
 #include <QColor>
 #include <QHash>
@@ -96,16 +97,6 @@ QByteArray KodierungsName(int seite);
 
 inline bool Buchstabe(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 inline bool Ziffer(char16_t c) { return c >= u'0' && c <= u'9'; }
-inline int HexWert(char16_t c)
-{
-    if (c >= u'0' && c <= u'9')
-        return c - u'0';
-    if (c >= u'a' && c <= u'f')
-        return c - u'a' + 10;
-    if (c >= u'A' && c <= u'F')
-        return c - u'A' + 10;
-    return -1;
-}
 
 class Leser {
 public:

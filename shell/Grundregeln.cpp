@@ -19,18 +19,6 @@ void Warten(int ms)
 
 namespace {
 
-int ziffernwert(QChar c)
-{
-    const char16_t z = c.unicode();
-    if (z >= u'0' && z <= u'9')
-        return z - u'0';
-    if (z >= u'a' && z <= u'f')
-        return z - u'a' + 10;
-    if (z >= u'A' && z <= u'F')
-        return z - u'A' + 10;
-    return 99;
-}
-
 bool ziffer(QChar c) { return c >= u'0' && c <= u'9'; }
 
 } // namespace
@@ -46,8 +34,12 @@ double Val(const QString& text)
     if (s.size() >= 2 && s[0] == u'&' && QStringLiteral("HhOo").contains(s[1])) {
         const int basis = (s[1] == u'H' || s[1] == u'h') ? 16 : 8;
         quint64 wert = 0;
-        for (qsizetype i = 2; i < s.size() && ziffernwert(s[i]) < basis && wert <= 0xFFFFFFFFull; ++i)
-            wert = wert * quint64(basis) + quint64(ziffernwert(s[i]));
+        for (qsizetype i = 2; i < s.size() && wert <= 0xFFFFFFFFull; ++i) {
+            const int ziffer = HexWert(s[i].unicode());
+            if (ziffer < 0 || ziffer >= basis)
+                break;
+            wert = wert * quint64(basis) + quint64(ziffer);
+        }
         // As an Integer up to four hex digits, as a Long up to eight: "&HFFFF" is -1.
         if (wert <= 0xFFFF)
             return qint16(quint16(wert));

@@ -27,6 +27,18 @@ std::optional<bool> Wahrheit(const QString& text);
 // A truth value as the settings write it: "True" or "False".
 QString WahrheitText(bool wert);
 
+// The value of a hexadecimal digit, -1 for any other character.
+inline int HexWert(char16_t c)
+{
+    if (c >= u'0' && c <= u'9')
+        return c - u'0';
+    if (c >= u'a' && c <= u'f')
+        return c - u'a' + 10;
+    if (c >= u'A' && c <= u'F')
+        return c - u'A' + 10;
+    return -1;
+}
+
 // The last four characters of a file name in lower case, as the start command compares
 // endings (".mp3", "jpeg", "m2ts").
 QString EndungVier(const QString& name);
