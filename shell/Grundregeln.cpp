@@ -35,10 +35,10 @@ double Val(const QString& text)
         const int basis = (s[1] == u'H' || s[1] == u'h') ? 16 : 8;
         quint64 wert = 0;
         for (qsizetype i = 2; i < s.size() && wert <= 0xFFFFFFFFull; ++i) {
-            const int ziffer = HexWert(s[i].unicode());
-            if (ziffer < 0 || ziffer >= basis)
+            const int stelle = HexWert(s[i].unicode());
+            if (stelle < 0 || stelle >= basis)
                 break;
-            wert = wert * quint64(basis) + quint64(ziffer);
+            wert = wert * quint64(basis) + quint64(stelle);
         }
         // As an Integer up to four hex digits, as a Long up to eight: "&HFFFF" is -1.
         if (wert <= 0xFFFF)
