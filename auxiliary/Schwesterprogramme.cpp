@@ -1,13 +1,13 @@
 #include "auxiliary/Schwesterprogramme.h"
 
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
-#include "shell/Steuerelemente.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "platform/Dienste.h"
 #include "platform/Laufzeitfehler.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
+#include "shell/Steuerelemente.h"
 
 #include <QAction>
 

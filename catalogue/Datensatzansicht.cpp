@@ -1,11 +1,11 @@
 #include "catalogue/Datensatzansicht.h"
 
-#include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
 #include "media/Rtf.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"

@@ -1,16 +1,15 @@
 #include "catalogue/Datensatzbearbeitung.h"
 
-#include "catalogue/Datensatzansicht.h"
-#include "catalogue/Tabellenansicht.h"
-#include "media/Coververwaltung.h"
-#include "media/Textfenster.h"
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Tabellenansicht.h"
+#include "media/Coververwaltung.h"
+#include "media/Textfenster.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -18,6 +17,7 @@
 #include "platform/Mauszeiger.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QAction>

@@ -1,12 +1,11 @@
 #include "catalogue/Katalogdatei.h"
 
-#include "catalogue/Tabellenansicht.h"
-#include "media/Coververwaltung.h"
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
 #include "catalogue/Datenbank.h"
 #include "catalogue/Datensteuerung.h"
+#include "catalogue/Tabellenansicht.h"
+#include "media/Coververwaltung.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -15,6 +14,7 @@
 #include "platform/Pfade.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QAction>

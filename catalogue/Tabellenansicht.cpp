@@ -1,8 +1,6 @@
 #include "catalogue/Tabellenansicht.h"
 
-#include "media/Coververwaltung.h"
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
@@ -10,12 +8,14 @@
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Recordset.h"
 #include "catalogue/frmSpaltenAnordnen.h"
+#include "media/Coververwaltung.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Einstellungen.h"
 #include "shell/FensterPlatzieren.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QAction>

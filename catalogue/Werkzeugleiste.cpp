@@ -1,12 +1,12 @@
 #include "catalogue/Werkzeugleiste.h"
 
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Tabellenansicht.h"
 #include "collections/SqlKonsole.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 

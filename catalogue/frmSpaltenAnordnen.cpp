@@ -1,5 +1,4 @@
 #include "catalogue/frmSpaltenAnordnen.h"
-#include "shell/Steuerelemente.h"
 
 #include "auxiliary/Hilfe.h"
 #include "platform/Dialogdienst.h"
@@ -7,6 +6,7 @@
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
 #include "shell/Grundregeln.h"
+#include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,7 +1,6 @@
 #include "collections/Abspielausschluss.h"
 
 #include "shell/Ausgabebox.h"
-#include "shell/Steuerelemente.h"
 
 #include "catalogue/FlexGrid.h"
 #include "collections/Ausschlusslisten.h"
@@ -9,6 +8,7 @@
 #include "collections/frmStilausschlussliste.h"
 #include "shell/Einstellungen.h"
 #include "shell/FensterPlatzieren.h"
+#include "shell/Steuerelemente.h"
 
 #include <QAction>
 

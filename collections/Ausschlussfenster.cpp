@@ -1,5 +1,4 @@
 #include "collections/Ausschlussfenster.h"
-#include "shell/Steuerelemente.h"
 
 #include "collections/Ausschlusslisten.h"
 #include "platform/Einheiten.h"
@@ -7,6 +6,7 @@
 #include "platform/Mauszeiger.h"
 #include "shell/Einstellungen.h"
 #include "shell/Grundregeln.h"
+#include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

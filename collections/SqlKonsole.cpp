@@ -1,7 +1,6 @@
 #include "collections/SqlKonsole.h"
 
 #include "shell/Ausgabebox.h"
-#include "shell/Steuerelemente.h"
 
 #include "catalogue/Datenbank.h"
 #include "catalogue/Datensteuerung.h"
@@ -10,6 +9,7 @@
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
 #include "shell/Globale.h"
+#include "shell/Steuerelemente.h"
 
 #include <QAction>
 #include <QRadioButton>

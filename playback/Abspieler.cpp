@@ -2,11 +2,9 @@
 // and nothing is reported.
 #include "playback/Abspieler.h"
 
-#include "catalogue/Datensatzansicht.h"
-#include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "platform/Dienste.h"
@@ -15,11 +13,13 @@
 #include "platform/Pfade.h"
 #include "platform/Uhr.h"
 #include "playback/Audioanzeige.h"
+#include "playback/Trackliste.h"
 #include "playback/frmWinMediaPlayer.h"
 #include "playback/modPlatten.h"
 #include "shell/Einstellungen.h"
 #include "shell/FensterPlatzieren.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QAction>

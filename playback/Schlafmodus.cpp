@@ -3,7 +3,6 @@
 #include "playback/Schlafmodus.h"
 
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -11,6 +10,7 @@
 #include "platform/Uhr.h"
 #include "playback/frmUhrzeit.h"
 #include "shell/FensterPlatzieren.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QAction>

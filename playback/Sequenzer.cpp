@@ -1,7 +1,6 @@
 #include "playback/Sequenzer.h"
 
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -13,6 +12,7 @@
 #include "playback/frmWinMediaPlayer.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QAction>

@@ -1,16 +1,16 @@
 // Errors are ignored here, as everywhere in the player.
 #include "playback/Trackliste.h"
 
-#include "catalogue/Datensatzansicht.h"
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
+#include "catalogue/Datensatzansicht.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Medien.h"
 #include "playback/Abspieler.h"
 #include "playback/Trackname.h"
 #include "playback/modPlatten.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QCheckBox>

@@ -1,20 +1,20 @@
 #include "playback/Zufallswahl.h"
 
-#include "collections/Abspielausschluss.h"
-#include "playback/Trackliste.h"
 #include "shell/Ausgabebox.h"
-#include "shell/Grundregeln.h"
 
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "collections/Abspielausschluss.h"
 #include "collections/Ausschlusslisten.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Uhr.h"
+#include "playback/Trackliste.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
+#include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
