@@ -37,6 +37,9 @@ public:
     // Runs an action query and returns the number of records affected. A select is
     // refused. Throws Laufzeitfehler with SQLite's message on any error.
     int Execute(const QString& sql);
+    // Counts the runs of Execute, so that a recordset knows whether anything but its own
+    // writes may have changed the file.
+    qint64 Ausfuehrungen() const { return m_ausfuehrungen; }
     // Column names of a table in table order; empty when there is no such table.
     QStringList Spalten(const QString& tabelle) const;
 
@@ -49,8 +52,10 @@ public:
 
 private:
     explicit Datenbank(const QString& pfad, sqlite3* db);
+    void sortierhilfeAnlegen();
     QString m_pfad;
     sqlite3* m_db = nullptr;
+    qint64 m_ausfuehrungen = 0;
 };
 
 // True when the file begins like a Jet/ACE database (an old ".mdb").

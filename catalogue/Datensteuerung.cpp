@@ -131,6 +131,14 @@ void Datensteuerung::ohneRecordset()
 void Datensteuerung::Refresh()
 {
     ausstehendSchreiben();
+    // Where only this recordset's writes changed the file, its rows are put in place
+    // instead of reading the whole table again: the same rows in the same order.
+    if (m_recordset && m_db && m_db->pfad() == m_databaseName && m_quelle == m_recordSource
+        && m_recordset->Nachfuehren()) {
+        emit neuAufgebaut();
+        emit Reposition();
+        return;
+    }
     m_recordset.reset();
     if (m_databaseName.isEmpty()) {
         m_db.reset();
@@ -152,6 +160,7 @@ void Datensteuerung::Refresh()
     }
     try {
         m_recordset = std::make_unique<Recordset>(*m_db, m_recordSource);
+        m_quelle = m_recordSource;
     } catch (...) {
         ohneRecordset();
         throw;

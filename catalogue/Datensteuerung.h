@@ -70,6 +70,7 @@ private:
 
     QString m_databaseName;
     QString m_recordSource;
+    QString m_quelle; // the source the recordset was read from
     std::unique_ptr<Datenbank> m_db;
     std::unique_ptr<Recordset> m_recordset;
     QLabel* m_caption = nullptr;

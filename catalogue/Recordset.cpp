@@ -1,5 +1,6 @@
 #include "catalogue/Recordset.h"
 
+#include "catalogue/Textregeln.h"
 #include "platform/Laufzeitfehler.h"
 
 #include <QRegularExpression>
@@ -7,7 +8,9 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cstring>
 #include <map>
+#include <thread>
 
 namespace {
 
@@ -122,6 +125,39 @@ void binden(sqlite3_stmt* anweisung, int index, const QVariant& wert)
     }
 }
 
+// The terms of "order by a, b desc" when each is a plain column of the table that holds
+// text; nothing for any other order.
+std::optional<std::vector<QPair<QString, bool>>> einfacheOrdnung(const QString& ordnung, const QStringList& spalten,
+                                                                 const std::vector<bool>& istBlob)
+{
+    static const QRegularExpression k_kopf(QStringLiteral(R"x(^\s*order\s+by\s+(.*)$)x"),
+                                           QRegularExpression::CaseInsensitiveOption
+                                               | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression k_term(
+        QStringLiteral(R"x(^\s*(?:\[([^\]]+)\]|"([^"]+)"|`([^`]+)`|([A-Za-z_][A-Za-z0-9_]*))\s*(asc|desc)?\s*$)x"),
+        QRegularExpression::CaseInsensitiveOption);
+    const auto kopf = k_kopf.match(ordnung);
+    if (!kopf.hasMatch())
+        return std::nullopt;
+    std::vector<QPair<QString, bool>> terme;
+    for (const QString& teil : kopf.captured(1).split(u',')) {
+        const auto t = k_term.match(teil);
+        if (!t.hasMatch())
+            return std::nullopt;
+        QString name;
+        for (int g = 1; g <= 4 && name.isEmpty(); ++g)
+            name = t.captured(g);
+        const qsizetype k = spalten.indexOf(QRegularExpression(
+            u'^' + QRegularExpression::escape(name) + u'$', QRegularExpression::CaseInsensitiveOption));
+        if (k < 0 || istBlob[size_t(k)])
+            return std::nullopt;
+        terme.push_back({spalten.at(k), t.captured(5).compare(u"desc", Qt::CaseInsensitive) == 0});
+    }
+    if (terme.empty())
+        return std::nullopt;
+    return terme;
+}
+
 bool gleicherWert(const QVariant& a, const QVariant& b)
 {
     if (a.isValid() != b.isValid())
@@ -181,15 +217,19 @@ bool Recordset::tabelleOeffnen(const QString& recordSource)
         return false;
     qsizetype orderBy = -1;
     bool limit = false;
+    bool mehrteilig = false; // a where or order by of its own further on
     for (size_t i = 0; i < woerter.size(); ++i) {
         const QString& w = woerter[i].text;
         if (w == u"union" || w == u"except" || w == u"intersect" || w == u"group" || w == u"having"
             || w == u"window" || w == u"join")
             return false;
         if (w == u"order" && i + 1 < woerter.size() && woerter[i + 1].text == u"by") {
+            mehrteilig = mehrteilig || orderBy >= 0;
             orderBy = woerter[i].pos;
             limit = false;
         }
+        if (w == u"where" && i > 0)
+            mehrteilig = true;
         if (w == u"limit" || w == u"offset")
             limit = true;
     }
@@ -226,21 +266,40 @@ bool Recordset::tabelleOeffnen(const QString& recordSource)
         }
     }
 
-    // Rows with equal sort keys keep one fixed order: by their rowid.
-    const QString nachsatz = (orderBy >= 0 && !limit) ? QStringLiteral(", rowid") : QString();
-    Anweisung abfrage;
-    try {
-        abfrage = m_db.vorbereiten(QStringLiteral("SELECT rowid FROM ") + namenZitieren(name) + rest
-                                   + nachsatz);
-    } catch (const Laufzeitfehler&) {
-        return false; // read as a whole; that run reports a real error
+    const bool mitWhere = !woerter.empty() && woerter.front().text == u"where";
+    const qsizetype whereEnde = orderBy >= 0 ? orderBy : rest.size();
+    const QString where = mitWhere ? rest.mid(woerter.front().pos + 5, whereEnde - woerter.front().pos - 5) : QString();
+    std::optional<std::vector<qint64>> sortiert;
+    if (SelbstSortieren && orderBy >= 0 && !limit && !mehrteilig) {
+        if (const auto terme = einfacheOrdnung(rest.mid(orderBy), spalten, istBlob)) {
+            std::vector<Sortierterm> t;
+            for (const auto& [spalte, absteigend] : *terme)
+                t.push_back({namenZitieren(spalte), absteigend});
+            sortiert = sortiertLesen(namenZitieren(name), where, t);
+        }
     }
     std::vector<qint64> rowids;
-    int rc;
-    while ((rc = sqlite3_step(abfrage.get())) == SQLITE_ROW)
-        rowids.push_back(sqlite3_column_int64(abfrage.get(), 0));
-    if (rc != SQLITE_DONE)
-        m_db.fehlerWerfen(rc);
+    if (sortiert) {
+        rowids = std::move(*sortiert);
+    } else {
+        // Rows with equal sort keys keep one fixed order: by their rowid. Without an order
+        // the rows stand in the table's order, whichever index the search may use.
+        QString nachsatz;
+        if (!limit)
+            nachsatz = orderBy >= 0 ? QStringLiteral(", rowid") : QStringLiteral(" ORDER BY rowid");
+        Anweisung abfrage;
+        try {
+            abfrage = m_db.vorbereiten(QStringLiteral("SELECT rowid FROM ") + namenZitieren(name) + rest
+                                       + nachsatz);
+        } catch (const Laufzeitfehler&) {
+            return false; // read as a whole; that run reports a real error
+        }
+        int rc;
+        while ((rc = sqlite3_step(abfrage.get())) == SQLITE_ROW)
+            rowids.push_back(sqlite3_column_int64(abfrage.get(), 0));
+        if (rc != SQLITE_DONE)
+            m_db.fehlerWerfen(rc);
+    }
 
     m_tabelle = name;
     m_spalten = spalten;
@@ -248,6 +307,196 @@ bool Recordset::tabelleOeffnen(const QString& recordSource)
     m_rowids = std::move(rowids);
     m_anzahl = qsizetype(m_rowids.size());
     m_cacheStand = sqlite3_total_changes64(h);
+    // Only a source of one condition and one order can be brought up to date in place.
+    if (!limit && !mehrteilig) {
+        m_where = where;
+        m_orderBy = orderBy >= 0 ? rest.mid(orderBy) : QStringLiteral("ORDER BY rowid");
+        m_stand = standLesen();
+    }
+    return true;
+}
+
+std::optional<std::vector<qint64>> Recordset::sortiertLesen(const QString& tabelle, const QString& where,
+                                                           const std::vector<Sortierterm>& terme) const
+{
+    QString sql = QStringLiteral("SELECT rowid");
+    for (const Sortierterm& t : terme)
+        sql += QStringLiteral(", typeof(%1), %1").arg(t.spalte);
+    sql += QStringLiteral(" FROM ") + tabelle;
+    if (!where.trimmed().isEmpty())
+        sql += QStringLiteral(" WHERE ") + where;
+    Anweisung abfrage;
+    try {
+        abfrage = m_db.vorbereiten(sql);
+    } catch (const Laufzeitfehler&) {
+        return std::nullopt;
+    }
+    sqlite3_stmt* a = abfrage.get();
+    const size_t k = terme.size();
+    std::vector<qint64> rowids;
+    // The texts of all terms one after the other; a text is its start and length, -1 for
+    // an empty value.
+    std::string texte;
+    std::vector<std::pair<size_t, int>> stellen;
+    int rc;
+    while ((rc = sqlite3_step(a)) == SQLITE_ROW) {
+        rowids.push_back(sqlite3_column_int64(a, 0));
+        for (size_t t = 0; t < k; ++t) {
+            const int spalte = int(1 + 2 * t);
+            const char* typ = reinterpret_cast<const char*>(sqlite3_column_text(a, spalte));
+            if (typ && std::strcmp(typ, "null") == 0) {
+                stellen.emplace_back(0, -1);
+            } else if (typ && std::strcmp(typ, "text") == 0) {
+                const char* z = reinterpret_cast<const char*>(sqlite3_column_text(a, spalte + 1));
+                const int n = sqlite3_column_bytes(a, spalte + 1);
+                stellen.emplace_back(texte.size(), n);
+                texte.append(z ? z : "", size_t(n));
+            } else {
+                return std::nullopt; // a number or a picture: SQLite's own rules
+            }
+        }
+    }
+    if (rc != SQLITE_DONE)
+        return std::nullopt;
+
+    // SQLite's order for these values: empty first, text by the German collation; a
+    // descending term turns both round; rowid decides last.
+    const auto kleiner = [&](uint32_t x, uint32_t y) {
+        for (size_t t = 0; t < k; ++t) {
+            const auto& [px, nx] = stellen[x * k + t];
+            const auto& [py, ny] = stellen[y * k + t];
+            int v;
+            if (nx < 0 || ny < 0)
+                v = (nx < 0 ? 0 : 1) - (ny < 0 ? 0 : 1);
+            else
+                v = DeutschVergleichenUtf8(texte.data() + px, nx, texte.data() + py, ny);
+            if (v != 0)
+                return terme[t].absteigend ? v > 0 : v < 0;
+        }
+        return rowids[x] < rowids[y];
+    };
+    std::vector<uint32_t> folge(rowids.size());
+    for (uint32_t i = 0; i < folge.size(); ++i)
+        folge[i] = i;
+    // Two halves on two cores, then merged.
+    const auto mitte = folge.begin() + qsizetype(folge.size() / 2);
+    if (folge.size() > 20000) {
+        std::thread zweiter([&] { std::sort(mitte, folge.end(), kleiner); });
+        std::sort(folge.begin(), mitte, kleiner);
+        zweiter.join();
+    } else {
+        std::sort(folge.begin(), mitte, kleiner);
+        std::sort(mitte, folge.end(), kleiner);
+    }
+    std::inplace_merge(folge.begin(), mitte, folge.end(), kleiner);
+    std::vector<qint64> ergebnis;
+    ergebnis.reserve(folge.size());
+    for (const uint32_t i : folge)
+        ergebnis.push_back(rowids[i]);
+    return ergebnis;
+}
+
+Recordset::Stand Recordset::standLesen() const
+{
+    sqlite3* h = m_db.handle();
+    auto pragma = [h](const char* sql) {
+        sqlite3_stmt* roh = nullptr;
+        qint64 wert = -1;
+        if (sqlite3_prepare_v2(h, sql, -1, &roh, nullptr) == SQLITE_OK && sqlite3_step(roh) == SQLITE_ROW)
+            wert = sqlite3_column_int64(roh, 0);
+        sqlite3_finalize(roh);
+        return wert;
+    };
+    return {sqlite3_total_changes64(h), pragma("PRAGMA data_version"), pragma("PRAGMA schema_version"),
+            m_db.Ausfuehrungen()};
+}
+
+QSet<qint64> Recordset::RowIds(const QString& bedingung, const QVariantList& werte) const
+{
+    QSet<qint64> treffer;
+    if (!Updatable())
+        return treffer;
+    const QByteArray sql = (QStringLiteral("SELECT rowid FROM ") + namenZitieren(m_tabelle)
+                            + QStringLiteral(" WHERE ") + bedingung)
+                               .toUtf8();
+    sqlite3_stmt* roh = nullptr;
+    if (sqlite3_prepare_v2(m_db.handle(), sql.constData(), int(sql.size()), &roh, nullptr) != SQLITE_OK) {
+        sqlite3_finalize(roh);
+        return treffer;
+    }
+    Anweisung abfrage(roh);
+    for (int i = 0; i < werte.size(); ++i)
+        binden(roh, i + 1, werte.at(i));
+    while (sqlite3_step(roh) == SQLITE_ROW)
+        treffer.insert(sqlite3_column_int64(roh, 0));
+    return treffer;
+}
+
+int Recordset::ErstePosition(const QSet<qint64>& rowids, int von) const
+{
+    if (!Updatable() || rowids.isEmpty())
+        return -1;
+    for (qsizetype i = std::max(0, von); i < m_anzahl; ++i)
+        if (rowids.contains(m_rowids[size_t(i)]))
+            return int(i);
+    return -1;
+}
+
+qsizetype Recordset::einfuegeStelle(sqlite3_stmt* vergleich, qint64 rowid) const
+{
+    // The first place whose row the source's order puts behind this one.
+    qsizetype unten = 0;
+    qsizetype oben = qsizetype(m_rowids.size());
+    while (unten < oben) {
+        const qsizetype mitte = unten + (oben - unten) / 2;
+        sqlite3_bind_int64(vergleich, 1, rowid);
+        sqlite3_bind_int64(vergleich, 2, m_rowids[size_t(mitte)]);
+        const bool davor = sqlite3_step(vergleich) == SQLITE_ROW && sqlite3_column_int64(vergleich, 0) == rowid;
+        sqlite3_reset(vergleich);
+        if (davor)
+            oben = mitte;
+        else
+            unten = mitte + 1;
+    }
+    return unten;
+}
+
+bool Recordset::Nachfuehren()
+{
+    if (!Updatable() || m_orderBy.isEmpty() || EditPending() || standLesen() != m_stand)
+        return false;
+    const QString tabelle = namenZitieren(m_tabelle);
+    Anweisung dabei;
+    Anweisung vergleich;
+    try {
+        dabei = m_db.vorbereiten(QStringLiteral("SELECT 1 FROM ") + tabelle + QStringLiteral(" WHERE rowid = ?1")
+                                 + (m_where.trimmed().isEmpty() ? QString()
+                                                                : QStringLiteral(" AND (") + m_where + u')'));
+        // The same order as the source, and the same tie-break by rowid.
+        vergleich = m_db.vorbereiten(QStringLiteral("SELECT rowid FROM ") + tabelle
+                                     + QStringLiteral(" WHERE rowid IN (?1, ?2) ") + m_orderBy
+                                     + QStringLiteral(", rowid LIMIT 1"));
+    } catch (const Laufzeitfehler&) {
+        return false;
+    }
+    std::vector<qint64> geschrieben = m_geschrieben;
+    std::sort(geschrieben.begin(), geschrieben.end());
+    geschrieben.erase(std::unique(geschrieben.begin(), geschrieben.end()), geschrieben.end());
+    for (const qint64 rowid : geschrieben)
+        if (const auto it = std::find(m_rowids.begin(), m_rowids.end(), rowid); it != m_rowids.end())
+            m_rowids.erase(it);
+    for (const qint64 rowid : geschrieben) {
+        sqlite3_bind_int64(dabei.get(), 1, rowid);
+        const int rc = sqlite3_step(dabei.get());
+        sqlite3_reset(dabei.get());
+        if (rc == SQLITE_ROW)
+            m_rowids.insert(m_rowids.begin() + einfuegeStelle(vergleich.get(), rowid), rowid);
+    }
+    m_geschrieben.clear();
+    m_anzahl = qsizetype(m_rowids.size());
+    m_position = m_anzahl > 0 ? 0 : -1;
+    cacheLeeren();
+    m_stand = standLesen();
     return true;
 }
 
@@ -445,7 +694,12 @@ void Recordset::schreiben(bool neuerWirdAktuell)
 
     cacheLeeren();
     m_puffer.clear();
-    if (!m_neu && sqlite3_changes(m_db.handle()) == 0)
+    const int geaendert = sqlite3_changes(m_db.handle());
+    if (m_stand.aenderungen >= 0) {
+        m_stand.aenderungen += geaendert;
+        m_geschrieben.push_back(m_neu ? sqlite3_last_insert_rowid(m_db.handle()) : m_rowids[size_t(m_position)]);
+    }
+    if (!m_neu && geaendert == 0)
         // Deleted past the recordset (an Execute of the console): say so, rather than
         // drop the edit without a word.
         throw Laufzeitfehler(3167,
@@ -481,6 +735,8 @@ void Recordset::Delete()
     const int rc = sqlite3_step(anweisung.get());
     if (rc != SQLITE_DONE)
         m_db.fehlerWerfen(rc);
+    if (m_stand.aenderungen >= 0)
+        m_stand.aenderungen += sqlite3_changes(m_db.handle());
 
     const int entfernt = m_position;
     m_puffer.clear();

@@ -10,11 +10,13 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class Recordset {
@@ -23,6 +25,9 @@ public:
     static constexpr int Blockgroesse = 64;
     // Blocks kept; the least recently used goes first.
     static constexpr int Blockvorrat = 16;
+    // An order by plain columns is sorted here, on two cores, rather than by SQLite; off
+    // only to compare the two.
+    static inline bool SelbstSortieren = true;
 
     // Runs the record source. Throws Laufzeitfehler when the statement fails.
     Recordset(Datenbank& db, const QString& recordSource);
@@ -97,6 +102,19 @@ public:
     // Position of a rowid in the recordset, or -1.
     int Position(qint64 rowid) const;
 
+    // The rowids of the table's rows that the condition picks (SQL over the table, ?1, ?2
+    // ... take the values), so that a search need not read the rows one by one. Empty for
+    // a recordset that cannot be changed, or when the condition fails.
+    QSet<qint64> RowIds(const QString& bedingung, const QVariantList& werte = {}) const;
+    // The first position from von on whose rowid is in the set; -1 when there is none.
+    int ErstePosition(const QSet<qint64>& rowids, int von = 0) const;
+
+    // Brings the recordset to what running its source again would give, where only its
+    // own writes have changed the file since it was read: the written rows are put in
+    // their places by the source's own order, the first record becomes current. False
+    // (and nothing changed) where it cannot tell, so that the caller runs the source anew.
+    bool Nachfuehren();
+
     // Called after a row was written (row index), appended (index) or removed (index).
     std::function<void(int)> zeileGeaendert;
     std::function<void(int)> zeileAngehaengt;
@@ -110,6 +128,26 @@ private:
     };
 
     bool tabelleOeffnen(const QString& recordSource);
+    // What the file's state is, to tell whether anyone but this recordset changed it.
+    struct Stand {
+        qint64 aenderungen = -1; // rows changed on this connection
+        qint64 daten = -1;       // commits of other connections
+        qint64 schema = -1;
+        qint64 ausfuehrungen = -1;
+        bool operator==(const Stand&) const = default;
+    };
+    Stand standLesen() const;
+    struct Sortierterm {
+        QString spalte; // quoted for SQL
+        bool absteigend = false;
+    };
+    // The rowids of the table's rows that the condition picks, in the order of the terms
+    // and then by rowid; nothing where a value is neither text nor empty, so that SQLite
+    // sorts instead.
+    std::optional<std::vector<qint64>> sortiertLesen(const QString& tabelle, const QString& where,
+                                                     const std::vector<Sortierterm>& terme) const;
+    // The place of a rowid in m_rowids by the source's order; the statement compares two.
+    qsizetype einfuegeStelle(sqlite3_stmt* vergleich, qint64 rowid) const;
     void ganzLesen(const QString& recordSource);
     void schreiben(bool neuerWirdAktuell);
     void schreibenFallsNoetig()
@@ -131,6 +169,10 @@ private:
     std::vector<bool> m_istBlob; // per column: read on demand only
     qsizetype m_anzahl = 0;
     std::vector<qint64> m_rowids;         // table mode
+    QString m_where;                      // the source's condition, empty for none
+    QString m_orderBy;                    // "order by ..." of the source, empty for none
+    Stand m_stand;                        // when read, plus this recordset's own writes
+    std::vector<qint64> m_geschrieben;    // rows this recordset changed or added since
     std::vector<Zeile> m_alleWerte;       // read-only mode
     mutable std::vector<Block> m_bloecke; // table mode cache, least recently used first
     mutable Anweisung m_zeilenAbfrage;    // the non-picture values of one row by rowid

@@ -377,6 +377,10 @@ private slots:
         QVERIFY(filter.Updatable() && tabelle.Updatable());
         QCOMPARE(spalteLesen(filter, "Band"), QStringList({"B", "A"}));
         QCOMPARE(spalteLesen(tabelle, "Band"), QStringList({"E", "D", "C", "B", "A"}));
+        // Without an order the rows keep the table's order, though an index would give
+        // them sorted.
+        Recordset ungeordnet(*db, "select * from Schallplatten where Band like '[a-e]*'");
+        QCOMPARE(spalteLesen(ungeordnet, "Band"), QStringList({"E", "D", "C", "B", "A"}));
         Recordset leer(*db, "select * from Schallplatten where Band = 'X'");
         leer.MoveNext();
         QCOMPARE(stand(leer), u"0 @-1 BOF EOF"_s);
@@ -441,6 +445,122 @@ private slots:
         db->Execute(QStringLiteral("delete from Schallplatten where rowid = %1").arg(rs.Bookmark()));
         QCOMPARE(fehlernummer([&] { rs.Update(); }), 3167);
         QVERIFY(!rs.EditPending() && !rs.Value("Band").isValid());
+    }
+
+    // An order by plain columns sorted by the program gives exactly SQLite's order: empty
+    // values, case, umlauts, equal keys, both directions; a picture in a column falls back.
+    void selbstSortiertWieSqlite()
+    {
+        const QStringList werte = {"Abba", "abba", "ABBA", "Ärzte", "ärger", "Zappa", "Über", "über", "",
+                                   " ", "5", "10", "ß", "ss", "Oasis", "Öl", "Œuvre", "ﬁne", "Ꭺ", "a\u0308"};
+        QList<Zeilenwerte> zeilen;
+        QRandomGenerator z(23);
+        for (int i = 0; i < 400; ++i)
+            zeilen << Zeilenwerte{{"Band", werte[z.bounded(int(werte.size()))]},
+                                  {"LPTitel", werte[z.bounded(int(werte.size()))]},
+                                  {"Stil", werte[z.bounded(int(werte.size()))]},
+                                  {"Bewertung", QString::number(z.bounded(7))}};
+        const QString pfad = KatalogAnlegen(Testordner("kataloge") + "sortieren.db", zeilen);
+        KatalogAusfuehren(pfad, "update Schallplatten set Band = null where rowid % 7 = 0");
+        KatalogAusfuehren(pfad, "update Schallplatten set Stil = null where rowid % 5 = 0");
+        auto db = Datenbank::oeffnen(pfad);
+        const QStringList quellen = {
+            "select * from Schallplatten order by Band, LPTitel",
+            "select * from Schallplatten order by Stil DESC",
+            "select * from Schallplatten order by Bewertung, Band desc",
+            "select * from Schallplatten order by \"LPTitel\" asc, [Band] DESC, Stil",
+            "select * from Schallplatten where Band like 'a*' or Band like 'ä*' order by LPTitel",
+            "select * from Schallplatten order by Band collate binary"};
+        auto reihenfolge = [](const Recordset& rs) {
+            std::vector<qint64> r;
+            for (int i = 0; i < rs.RecordCount(); ++i)
+                r.push_back(rs.RowId(i));
+            return r;
+        };
+        auto vergleichen = [&] {
+            for (const QString& quelle : quellen) {
+                Recordset::SelbstSortieren = false;
+                const Recordset sqlite(*db, quelle);
+                Recordset::SelbstSortieren = true;
+                const Recordset selbst(*db, quelle);
+                QCOMPARE(reihenfolge(selbst), reihenfolge(sqlite));
+            }
+        };
+        vergleichen();
+        // A picture among the bands: SQLite sorts, with the same result.
+        db->Execute("update Schallplatten set Band = x'41' where rowid = 3");
+        vergleichen();
+    }
+
+    // After its own writes a recordset puts the written rows in their places: the same
+    // rows in the same order as running its source again, for orders, filters and ties.
+    void nachfuehrenWieNeuLesen()
+    {
+        const QStringList werte = {"Abba", "abba", "Ärzte", "ärger", "Zappa", "Über", "über", "", " ",
+                                   "5", "3", "7 Tage", "ß", "Oasis", "Öl"};
+        QList<Zeilenwerte> zeilen;
+        QRandomGenerator z(17);
+        for (int i = 0; i < 60; ++i)
+            zeilen << Zeilenwerte{{"Band", werte[z.bounded(int(werte.size()))]},
+                                  {"LPTitel", werte[z.bounded(int(werte.size()))]},
+                                  {"Stil", werte[z.bounded(int(werte.size()))]},
+                                  {"Bewertung", QString::number(1 + z.bounded(6))}};
+        const QString pfad = KatalogAnlegen(Testordner("kataloge") + "nachfuehren.db", zeilen);
+        auto db = Datenbank::oeffnen(pfad);
+        const QStringList quellen = {
+            "select * from Schallplatten order by Band, LPTitel",
+            "select * from Schallplatten order by Stil DESC",
+            "select * from Schallplatten where Band like 'a*' or Band like 'ä*' order by Band, LPTitel",
+            "select * from Schallplatten where Bewertung like '5' order by Band, LPTitel",
+            "select * from Schallplatten order by Bewertung, Band desc",
+            "select * from Schallplatten where Band like 'a*'", "Schallplatten"};
+        auto reihenfolge = [](const Recordset& rs) {
+            std::vector<qint64> r;
+            for (int i = 0; i < rs.RecordCount(); ++i)
+                r.push_back(rs.RowId(i));
+            return r;
+        };
+        for (const QString& quelle : quellen) {
+            Recordset rs(*db, quelle);
+            for (int runde = 0; runde < 4; ++runde) {
+                for (int schritt = 0; schritt < 6 && rs.RecordCount() > 1; ++schritt) {
+                    switch (z.bounded(4)) {
+                    case 0:
+                        rs.AddNew();
+                        rs.setValue("Band", werte[z.bounded(int(werte.size()))]);
+                        rs.setValue("Bewertung", "5");
+                        rs.Update();
+                        break;
+                    case 1:
+                        rs.setAbsolutePosition(z.bounded(rs.RecordCount()));
+                        rs.Delete();
+                        break;
+                    default:
+                        rs.setAbsolutePosition(z.bounded(rs.RecordCount()));
+                        rs.setValue(z.bounded(2) ? "Band" : "Stil", werte[z.bounded(int(werte.size()))]);
+                        rs.setValue("Bewertung", QString::number(1 + z.bounded(6)));
+                        rs.Update();
+                    }
+                }
+                QVERIFY(rs.Nachfuehren());
+                const Recordset neu(*db, quelle);
+                QCOMPARE(reihenfolge(rs), reihenfolge(neu));
+                QCOMPARE(rs.AbsolutePosition(), neu.AbsolutePosition());
+            }
+        }
+        // Where anything else may have changed the file, it does not guess.
+        Recordset rs(*db, quellen[0]);
+        QVERIFY(rs.Nachfuehren());
+        db->Execute("update Schallplatten set Band = 'Zz' where rowid = (select min(rowid) from Schallplatten)");
+        QVERIFY(!rs.Nachfuehren());
+        Recordset fremd(*db, quellen[0]);
+        sqlite3Werkzeug(pfad, "update Schallplatten set Band = 'Aa' where rowid = (select max(rowid) from Schallplatten);");
+        QVERIFY(!fremd.Nachfuehren());
+        Recordset begrenzt(*db, "select * from Schallplatten order by Band limit 5");
+        QVERIFY(!begrenzt.Nachfuehren());
+        Recordset offen(*db, quellen[0]);
+        offen.setValue("Band", "neu");
+        QVERIFY(!offen.Nachfuehren());
     }
 
     void schreibfehler()

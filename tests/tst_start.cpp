@@ -139,6 +139,7 @@ private slots:
     void alterKatalogFragtNachDemUpdate()
     {
         const QString alt = KatalogAnlegen(Testordner("alt") + "Alt.db", Baender({"Abba"}));
+        KatalogAusfuehren(alt, "drop index Schallplatten_Band_LPTitel");
         KatalogAusfuehren(alt, "alter table Schallplatten drop column Bewertung");
         Speichern("ArchivPfad", alt);
 
