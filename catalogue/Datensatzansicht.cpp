@@ -6,6 +6,7 @@
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
 #include "catalogue/Tabellenansicht.h"
+#include "catalogue/Textregeln.h"
 #include "media/Rtf.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -228,9 +229,14 @@ void Datensatzansicht::AktuelleCDanzeigen()
     Mauszeiger(ZeigerSanduhr);
     box.staBar->setBevel(2, 1);
     FlexGrid* g = box.MSFlexGrid1;
-    for (int zeile = 1; musik >= 0 && !box.SpielOrdner.isEmpty() && zeile < g->Rows(); ++zeile) {
-        if (!g->TextMatrix(zeile, musik).contains(box.SpielOrdner))
-            continue;
+    // The catalogue names the rows whose music folder holds the folder's text (GLOB is
+    // SQLite's own, exact and binary); the table's own text decides.
+    const int gefunden = musik < 0 || box.SpielOrdner.isEmpty()
+        ? -1
+        : g->ZeileSuchen(QStringLiteral("typeof(%1) <> 'text' OR %1 GLOB ?1").arg(g->SqlName(musik)),
+                         {u'*' + GlobMaskiert(box.SpielOrdner) + u'*'},
+                         [&](int z) { return g->TextMatrix(z, musik).contains(box.SpielOrdner); });
+    if (const int zeile = gefunden; zeile >= 1) {
         box.Data1->setAbsolutePosition(zeile - 1);
         g->setRow(zeile);
         if (zeile < g->Rows() - 1)
@@ -256,7 +262,6 @@ void Datensatzansicht::AktuelleCDanzeigen()
                 }
             }
         }
-        break;
     }
     box.staBar->setBevel(2, 2);
     Mauszeiger(ZeigerStandard);

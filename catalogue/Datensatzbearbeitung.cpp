@@ -131,15 +131,20 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
     if (!band.isEmpty() && spalteBand >= 0 && spalteTitel >= 0) {
         FlexGrid* g = box.MSFlexGrid1;
         g->setRedraw(false);
-        for (int zeile = 1; zeile < g->Rows(); ++zeile) {
-            if (g->TextMatrix(zeile, spalteBand) != band || g->TextMatrix(zeile, spalteTitel) != titel)
-                continue;
+        // The catalogue names the rows that hold the two texts, or a value of another kind
+        // whose text may be them; the table's own text decides.
+        const int zeile = g->ZeileSuchen(
+            QStringLiteral("(typeof(%1) <> 'text' OR %1 = ?1 COLLATE BINARY) AND "
+                           "(typeof(%2) <> 'text' OR %2 = ?2 COLLATE BINARY)")
+                .arg(g->SqlName(spalteBand), g->SqlName(spalteTitel)),
+            {band, titel},
+            [&](int z) { return g->TextMatrix(z, spalteBand) == band && g->TextMatrix(z, spalteTitel) == titel; });
+        if (zeile >= 1) {
             box.Data1->setAbsolutePosition(zeile - 1);
             g->setRow(zeile);
             if (zeile < g->Rows() - 1)
                 g->setTopRow(zeile);
             g->setFocus();
-            break;
         }
         g->setRedraw(true);
     }

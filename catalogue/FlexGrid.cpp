@@ -212,6 +212,32 @@ int FlexGrid::Feld(int spalte) const
     return m_modell->felder[size_t(spalte)];
 }
 
+QString FlexGrid::SqlName(int spalte) const
+{
+    QString name = TextMatrix(0, spalte);
+    name.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + name + u'"';
+}
+
+int FlexGrid::ZeileSuchen(const QString& bedingung, const QVariantList& werte,
+                          const std::function<bool(int zeile)>& passt) const
+{
+    const Recordset* rs = m_modell->rs;
+    if (rs && rs->Updatable()) {
+        // Only the rows that can match are read, in the recordset's order.
+        const QSet<qint64> kandidaten = rs->RowIds(bedingung, werte);
+        for (int position = rs->ErstePosition(kandidaten); position >= 0;
+             position = rs->ErstePosition(kandidaten, position + 1))
+            if (passt(position + 1))
+                return position + 1;
+        return -1;
+    }
+    for (int zeile = 1; zeile < Rows(); ++zeile)
+        if (passt(zeile))
+            return zeile;
+    return -1;
+}
+
 void FlexGrid::setRow(int zeile)
 {
     if (zeile >= 0 && zeile < Rows())

@@ -4,7 +4,9 @@
 // use: Rows, Cols, Row, Col, RowSel, ColSel, TopRow, TextMatrix, ColWidth in twips,
 // Redraw. Columns can be moved; a moved column takes its width along.
 #include <QTableView>
+#include <QVariantList>
 
+#include <functional>
 #include <vector>
 
 class Recordset;
@@ -34,6 +36,13 @@ public:
     int SpalteSuchen(const QString& kopf) const;
     // The recordset field shown in grid column c, or -1.
     int Feld(int spalte) const;
+    // The first row from 1 on for which passt holds; -1 when there is none. Where the
+    // recordset can be asked, only the rows that the SQL condition picks are looked at, so
+    // the condition must pick every row passt may hold for (?1, ?2 ... take the values).
+    int ZeileSuchen(const QString& bedingung, const QVariantList& werte,
+                    const std::function<bool(int zeile)>& passt) const;
+    // A column of grid column c as an SQL name, for such a condition.
+    QString SqlName(int spalte) const;
 
     int Row() const { return m_row; }
     int Col() const { return m_col; }

@@ -22,11 +22,15 @@
 #include <QCheckBox>
 #include <QCursor>
 #include <QEvent>
+#include <QHash>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSignalBlocker>
+
+#include <vector>
 
 namespace {
 
@@ -37,6 +41,22 @@ const char* const Standardspalten[18] = {"Band",     "LPTitel",   "Medium",   "S
 
 QString breiteSchluessel(int n) { return QStringLiteral("%1Spaltenbreite").arg(n); }
 QString anordnungSchluessel(int n) { return QStringLiteral("TabelleAnordnenCaption%1").arg(n); }
+
+// Every character whose upper case is the letter: "i" and the dotless "ı" for "I".
+QVariantList Anfangszeichen(const QString& buchstabe)
+{
+    static QHash<QString, QVariantList> bekannt;
+    if (const auto it = bekannt.constFind(buchstabe); it != bekannt.constEnd())
+        return it.value();
+    QVariantList zeichen;
+    for (int c = 1; c < 0x10000; ++c) {
+        const QChar z{char16_t(c)};
+        if (!z.isSurrogate() && QString(z).toUpper() == buchstabe)
+            zeichen << QString(z);
+    }
+    bekannt.insert(buchstabe, zeichen);
+    return zeichen;
+}
 
 } // namespace
 
@@ -230,14 +250,23 @@ void Tabellenansicht::ButtonAlpabeth_MouseUp(int index)
         if (!box.chkTabelle->isChecked()) {
             const int c = box.MSFlexGrid1->SpalteSuchen(spalte);
             const QString buchstabe = box.ButtonAlpabeth[index]->text();
-            for (int zeile = 1; c >= 0 && zeile < g->Rows(); ++zeile) {
-                if (g->TextMatrix(zeile, c).left(1).toUpper() == buchstabe) {
-                    // The last row is left out: it would not scroll anyway.
-                    if (zeile < g->Rows() - 1)
-                        g->setTopRow(zeile);
-                    break;
-                }
-            }
+            // The catalogue names the rows whose first character can be the letter; a
+            // number is asked too, as its text may begin with one ("inf").
+            const QVariantList zeichen = Anfangszeichen(buchstabe);
+            QStringList platz;
+            for (int i = 1; i <= zeichen.size(); ++i)
+                platz << QStringLiteral("?%1").arg(i);
+            const QString name = c >= 0 ? g->SqlName(c) : QString();
+            const int zeile = c < 0 ? -1
+                                    : g->ZeileSuchen(QStringLiteral("typeof(%1) IN ('integer', 'real') OR "
+                                                                    "substr(%1, 1, 1) COLLATE BINARY IN (%2)")
+                                                         .arg(name, platz.join(u',')),
+                                                     zeichen, [&](int z) {
+                                                         return g->TextMatrix(z, c).left(1).toUpper() == buchstabe;
+                                                     });
+            // The last row is left out: it would not scroll anyway.
+            if (zeile >= 1 && zeile < g->Rows() - 1)
+                g->setTopRow(zeile);
         } else {
             box.Data1->setRecordSource(BuchstabenFilter(index, spalte));
             box.Data1->Refresh();
@@ -292,20 +321,38 @@ void Tabellenansicht::mnuTabelleAutosize_Click()
     Mauszeiger(ZeigerSanduhr);
     box.lblTemp->setFont(g->font());
     const QFontMetrics mass(g->font());
-    for (int c = 0; c < g->Cols(); ++c) {
-        int breite = 0;
-        for (int zeile = 0; zeile < g->Rows(); ++zeile) {
+    // Row by row, so that each block of rows is read once. A large table shows how far the
+    // walk is, and Esc stops it with every width as it was.
+    const EscAbbruch esc;
+    Abbruch = false;
+    const bool fortschritt = g->Rows() > 20000;
+    if (fortschritt) {
+        box.ProgressBar1->setRange(0, g->Rows());
+        box.ProgressBar1->setValue(0);
+        box.ProgressBar1->show();
+    }
+    std::vector<int> breiten(size_t(std::max(0, g->Cols())), 0);
+    for (int zeile = 0; zeile < g->Rows() && !Abbruch; ++zeile) {
+        for (int c = 0; c < g->Cols(); ++c) {
             // Measured as the cell shows it: its first line.
             QString text = g->TextMatrix(zeile, c);
             const qsizetype umbruch = text.indexOf(u'\n');
             if (umbruch >= 0)
                 text.truncate(umbruch);
-            breite = std::max(breite, mass.horizontalAdvance(text.left(300)));
-            if (zeile % 2000 == 1999)
-                EreignisseZulassen();
+            breiten[size_t(c)] = std::max(breiten[size_t(c)], mass.horizontalAdvance(text.left(300)));
         }
-        g->setColWidth(c, std::min(Twips(breite) + 200, 10000));
+        if (zeile % 2000 == 1999) {
+            if (fortschritt)
+                box.ProgressBar1->setValue(zeile + 1);
+            EreignisseZulassen();
+        }
     }
+    if (!Abbruch)
+        for (int c = 0; c < g->Cols(); ++c)
+            g->setColWidth(c, std::min(Twips(breiten[size_t(c)]) + 200, 10000));
+    Abbruch = false;
+    if (fortschritt)
+        box.ProgressBar1->hide();
     Mauszeiger(ZeigerStandard);
     g->setRedraw(true);
     AutosizeLaeuft = false;

@@ -375,3 +375,15 @@ bool JetLike(const QString& muster, const QString& text)
     return JetLikeUtf8(um.constData(), int(um.size()), ut.constData(), int(ut.size()));
 }
 
+QString GlobMaskiert(const QString& text)
+{
+    QString muster;
+    muster.reserve(text.size() + 8);
+    for (const QChar c : text) {
+        if (c == u'*' || c == u'?' || c == u'[')
+            muster += u'[' + QString(c) + u']';
+        else
+            muster += c;
+    }
+    return muster;
+}

@@ -9,6 +9,8 @@
 int DeutschVergleichen(const QString& a, const QString& b);
 // The same on UTF-8 bytes, without allocating; invalid bytes count as Latin-1.
 int DeutschVergleichenUtf8(const char* a, int na, const char* b, int nb);
+// The text as a pattern of SQLite's GLOB that stands for exactly this text.
+QString GlobMaskiert(const QString& text);
 // Jet's like: * ? # [list] [!list], caseless for all letters including umlauts.
 bool JetLike(const QString& muster, const QString& text);
 // The same on UTF-8 bytes; escape is a code point that makes the next one literal, or 0.

@@ -367,13 +367,15 @@ void Abspieler::imgResume_Click()
         if (QTreeWidgetItem* zeile = box.lvwPlaylist->topLevelItem(ResumeIndex - 1))
             box.lvwPlaylist->setCurrentItem(zeile);
     } else {
-        const int musik = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("Musikpfad"));
-        for (int zeile = 1; musik >= 0 && zeile < box.MSFlexGrid1->Rows(); ++zeile) {
-            if (box.MSFlexGrid1->TextMatrix(zeile, musik) == ResumeOrdner) {
-                box.Data1->setAbsolutePosition(zeile - 1);
-                break;
-            }
-        }
+        FlexGrid* g = box.MSFlexGrid1;
+        const int musik = g->SpalteSuchen(QStringLiteral("Musikpfad"));
+        const int zeile = musik < 0 ? -1
+                                    : g->ZeileSuchen(QStringLiteral("typeof(%1) <> 'text' OR %1 = ?1 COLLATE BINARY")
+                                                         .arg(g->SqlName(musik)),
+                                                     {ResumeOrdner},
+                                                     [&](int z) { return g->TextMatrix(z, musik) == ResumeOrdner; });
+        if (zeile >= 1)
+            box.Data1->setAbsolutePosition(zeile - 1);
     }
     EreignisseZulassen();
     TrackIndex = ResumeIndex;

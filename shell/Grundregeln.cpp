@@ -2,14 +2,40 @@
 
 #include "platform/Dienste.h"
 #include "platform/Uhr.h"
+#include "shell/Globale.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 
 void EreignisseZulassen() { QCoreApplication::processEvents(); }
+
+namespace {
+
+class EscFilter : public QObject {
+protected:
+    bool eventFilter(QObject* objekt, QEvent* ereignis) override
+    {
+        if (ereignis->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(ereignis)->key() == Qt::Key_Escape) {
+            Abbruch = true;
+            return true;
+        }
+        return QObject::eventFilter(objekt, ereignis);
+    }
+};
+
+} // namespace
+
+EscAbbruch::EscAbbruch()
+    : m_filter(new EscFilter)
+{
+    QCoreApplication::instance()->installEventFilter(m_filter);
+}
+
+EscAbbruch::~EscAbbruch() { delete m_filter; }
 
 void Warten(int ms)
 {

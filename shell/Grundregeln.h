@@ -12,6 +12,19 @@ void EreignisseZulassen();
 // Waits ms milliseconds on the clock of the services, then lets the pending events run.
 void Warten(int ms);
 
+// While it lives, Esc in any window of the program sets Abbruch, so that a long walk that
+// lets events run can be stopped wherever the focus stands.
+class EscAbbruch {
+public:
+    EscAbbruch();
+    ~EscAbbruch();
+    EscAbbruch(const EscAbbruch&) = delete;
+    EscAbbruch& operator=(const EscAbbruch&) = delete;
+
+private:
+    class QObject* m_filter;
+};
+
 // Jet's Val: blanks, tabs and line feeds are dropped everywhere, then the leading number
 // is read (sign, digits, point, exponent E or D, or &H/&O); 0 when there is none, so
 // "12 Sek." is 12 and "1 2" is 12.

@@ -18,6 +18,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 
 #include <memory>
 
@@ -116,25 +117,30 @@ private slots:
             zeilen << Zeilenwerte{{"Band", QStringLiteral("A-Band %1").arg(i, 2, 10, QChar('0'))}};
         for (int i = 0; i < 60; ++i)
             zeilen << Zeilenwerte{{"Band", QStringLiteral("M-Band %1").arg(i, 2, 10, QChar('0'))}};
-        zeilen << Zeilenwerte{{"Band", "Zappa"}};
+        // A first letter whose upper case is the letter counts, as the table shows it.
+        zeilen << Zeilenwerte{{"Band", "Zappa"}} << Zeilenwerte{{"Band", "ıstanbul Express"}};
         starten(zeilen);
         FlexGrid* g = w->MSFlexGrid1;
         const int vorher = g->Row();
         w->ButtonAlpabeth[12]->click(); // M
-        QCOMPARE(g->TopRow(), 61);
+        QCOMPARE(g->TopRow(), 62);
         QCOMPARE(g->Row(), vorher);
-        QCOMPARE(g->Rows(), 122);
+        QCOMPARE(g->Rows(), 123);
+        w->ButtonAlpabeth[8]->click(); // I
+        QCOMPARE(g->TopRow(), 61);
+        QCOMPARE(g->TextMatrix(61, 0), QString("ıstanbul Express"));
+        w->ButtonAlpabeth[12]->click();
         // No entry for the letter: nothing moves.
         w->ButtonAlpabeth[16]->click();
-        QCOMPARE(g->TopRow(), 61);
+        QCOMPARE(g->TopRow(), 62);
         // The first entry in the last row: no scroll to it.
         w->ButtonAlpabeth[25]->click();
-        QCOMPARE(g->TopRow(), 61);
+        QCOMPARE(g->TopRow(), 62);
         // The chosen column counts.
         w->mnuSpalte[0]->setChecked(false);
         w->mnuSpalte[1]->setChecked(true); // LPTitel: all blank
         w->ButtonAlpabeth[0]->click();
-        QCOMPARE(g->TopRow(), 61);
+        QCOMPARE(g->TopRow(), 62);
     }
 
     void breitenAllesMarkierenUndOptimieren()
@@ -162,6 +168,24 @@ private slots:
         g->setColWidth(0, 9000);
         QTest::mouseMove(g->viewport(), g->visualRect(g->model()->index(0, 0)).center());
         QCOMPARE(g->toolTip(), QString());
+    }
+
+    // Esc stops the walk over every cell; the widths stay as they were.
+    void optimierenMitEscAbbrechen()
+    {
+        QList<Zeilenwerte> zeilen;
+        for (int i = 0; i < 2500; ++i)
+            zeilen << Zeilenwerte{{"Band", QStringLiteral("Eine Band mit dem langen Namen Nummer %1").arg(i)}};
+        starten(zeilen);
+        FlexGrid* g = w->MSFlexGrid1;
+        g->setColWidth(0, 700);
+        // Pressed where the focus happens to be, while the walk lets events run.
+        QTimer::singleShot(0, this, [this] { QTest::keyClick(w->TextInfo, Qt::Key_Escape); });
+        w->mnuTabelleAutosize->trigger();
+        QCOMPARE(g->ColWidth(0), 700);
+        QVERIFY(!Abbruch && !AutosizeLaeuft);
+        w->mnuTabelleAutosize->trigger();
+        QVERIFY(g->ColWidth(0) > 3000);
     }
 
     void trackListeFolgtDemMusikordner()
