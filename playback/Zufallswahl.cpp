@@ -5,6 +5,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Textregeln.h"
 #include "collections/Abspielausschluss.h"
 #include "collections/Ausschlusslisten.h"
 #include "platform/Dialogdienst.h"
@@ -23,7 +24,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <optional>
 
 namespace {
 
@@ -85,24 +86,39 @@ void Zufallswahl::TontraegerZufaellig()
         int stilZaehler = 0;
         int bandZaehler = 0;
         // Scattered draws fetch a block of rows each; after many rejections (a large table
-        // mostly excluded) the two columns are read once, in order, which is far cheaper.
-        std::vector<QString> stile;
-        std::vector<QString> baender;
-        auto zelle = [this](const std::vector<QString>& spalte, int zeile, int nummer) {
-            return size_t(zeile) < spalte.size() ? spalte[size_t(zeile)] : box.MSFlexGrid1->TextMatrix(zeile, nummer);
+        // mostly excluded) the catalogue names, once, the rows whose cell can hold an
+        // excluded text, and only those cells are read.
+        FlexGrid* g = box.MSFlexGrid1;
+        std::optional<QSet<qint64>> stilKandidaten;
+        std::optional<QSet<qint64>> bandKandidaten;
+        auto kandidaten = [&](const QListWidget* liste, int spalte) -> std::optional<QSet<qint64>> {
+            if (spalte < 0 || !rs->Updatable())
+                return std::nullopt;
+            const QString name = g->SqlName(spalte);
+            QStringList teile = {QStringLiteral("typeof(%1) <> 'text'").arg(name)};
+            QVariantList muster;
+            for (int i = 0; i < liste->count(); ++i) {
+                teile << QStringLiteral("%1 GLOB ?%2").arg(name).arg(i + 1);
+                muster << u'*' + GlobMaskiert(liste->item(i)->text()) + u'*';
+            }
+            return rs->RowIds(teile.join(QStringLiteral(" OR ")), muster);
+        };
+        auto trifft = [&](const std::optional<QSet<qint64>>& kandidat, const QListWidget* liste, int zeile,
+                          int spalte) {
+            if (kandidat && !kandidat->contains(rs->RowId(zeile - 1)))
+                return false;
+            return AusschlussTrifft(liste, g->TextMatrix(zeile, spalte));
         };
         for (;;) {
             if (stilZaehler + bandZaehler == 256) {
-                for (int z = 0; z < box.MSFlexGrid1->Rows(); ++z) {
-                    stile.push_back(box.MSFlexGrid1->TextMatrix(z, box.SpalteStil));
-                    baender.push_back(box.MSFlexGrid1->TextMatrix(z, bandSpalte));
-                }
+                stilKandidaten = kandidaten(box.lstAbspielausschluss, box.SpalteStil);
+                bandKandidaten = kandidaten(box.lstBandAusschluss, bandSpalte);
             }
             const int zeile = int(std::floor(anzahl * D().zufall().Rnd() + 1));
             // The cells are read before the move, so that a rejected Carrier is not loaded
             // in vain; the last drawn one is shown in any case.
-            const bool stil = AusschlussTrifft(box.lstAbspielausschluss, zelle(stile, zeile, box.SpalteStil));
-            const bool band = !stil && AusschlussTrifft(box.lstBandAusschluss, zelle(baender, zeile, bandSpalte));
+            const bool stil = trifft(stilKandidaten, box.lstAbspielausschluss, zeile, box.SpalteStil);
+            const bool band = !stil && trifft(bandKandidaten, box.lstBandAusschluss, zeile, bandSpalte);
             if (stil && ++stilZaehler == anzahl) {
                 TontraegerZeigen(zeile);
                 MsgNimb(QStringLiteral("Diese Stilrichtung wurde im Menüpunkt 'Optionen/Stilrichtung "

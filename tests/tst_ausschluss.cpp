@@ -288,7 +288,8 @@ private slots:
         QCOMPARE(Attrappen::dialoge().meldungsTexte(), QStringList{BandHinweis});
         QCOMPARE(band(), QString("Bach"));
 
-        // Many rows: after many rejections the columns are read at once; same answers.
+        // Many rows: after many rejections the catalogue names the rows that can be
+        // excluded; same answers.
         QList<Zeilenwerte> zeilen;
         for (int i = 1; i <= 300; ++i)
             zeilen << Zeilenwerte{{"Band", QStringLiteral("Band %1").arg(i, 3, 10, QChar(u'0'))},
