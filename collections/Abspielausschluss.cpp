@@ -52,8 +52,10 @@ void Abspielausschluss::mnuBandAusschliessen_Click()
     {
         frmBandAusschlussliste fenster(box);
         fenster.Form_Load();
-        FensterPlatzieren(&fenster, &box, QStringLiteral("center"), 10);
-        fenster.Anzeigen();
+        if (!fenster.Abgebrochen()) {
+            FensterPlatzieren(&fenster, &box, QStringLiteral("center"), 10);
+            fenster.Anzeigen();
+        }
     }
     BandAbspielausschlusslisteLaden();
 }

@@ -16,9 +16,12 @@ public:
     // window can be driven without its modal loop.
     void Form_Load();
     void ListeErstellen();
+    // Esc stopped the walk over the table: the list is not whole and must not be saved.
+    bool Abgebrochen() const { return m_abgebrochen; }
 
     QListWidget* lstBandliste = nullptr;
 
 private:
     Ausgabebox& m_box;
+    bool m_abgebrochen = false;
 };

@@ -27,6 +27,7 @@
 #include <QFile>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <memory>
@@ -234,6 +235,26 @@ private slots:
         });
         w->mnuBandAusschliessen->trigger();
         QCOMPARE(eintraege(w->lstBandAusschluss), QStringList{"Abba"});
+
+        // Esc during the walk over a large table: the window stays closed, nothing is lost.
+        QList<Zeilenwerte> viele;
+        for (int i = 0; i < 2500; ++i)
+            viele << Zeilenwerte{{"Band", QStringLiteral("Band %1").arg(i)}};
+        starten(viele);
+        Speichern("BandAusschlussliste", "Abspielen");
+        QTimer::singleShot(0, this, [this] { QTest::keyClick(w->MSFlexGrid1, Qt::Key_Escape); });
+        // A window that opened all the same is closed again, so that the test cannot hang.
+        auto geoeffnet = std::make_shared<bool>(false);
+        QTimer::singleShot(100, this, [geoeffnet] {
+            if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                *geoeffnet = true;
+                d->reject();
+            }
+        });
+        w->mnuBandAusschliessen->trigger();
+        QVERIFY(!*geoeffnet);
+        QVERIFY(!Abbruch);
+        QCOMPARE(DateiLesen(pg("BandAusschlussAbspielliste.ini")), QByteArray("Abba\n"));
     }
 
     void zufallUebergehtAusgeschlossene()
