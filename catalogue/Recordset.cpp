@@ -335,9 +335,16 @@ std::optional<std::vector<qint64>> Recordset::sortiertLesen(const QString& tabel
     const size_t k = terme.size();
     std::vector<qint64> rowids;
     // The texts of all terms one after the other; a text is its start and length, -1 for
-    // an empty value.
+    // an empty value, and the packed head of a plain ASCII text, which settles most
+    // comparisons without the full German comparison.
+    struct Stelle {
+        size_t anfang = 0;
+        int laenge = -1;
+        bool mitKopf = false;
+        quint64 kopf = 0;
+    };
     std::string texte;
-    std::vector<std::pair<size_t, int>> stellen;
+    std::vector<Stelle> stellen;
     int rc;
     while ((rc = sqlite3_step(a)) == SQLITE_ROW) {
         rowids.push_back(sqlite3_column_int64(a, 0));
@@ -345,11 +352,13 @@ std::optional<std::vector<qint64>> Recordset::sortiertLesen(const QString& tabel
             const int spalte = int(1 + 2 * t);
             const char* typ = reinterpret_cast<const char*>(sqlite3_column_text(a, spalte));
             if (typ && std::strcmp(typ, "null") == 0) {
-                stellen.emplace_back(0, -1);
+                stellen.push_back({});
             } else if (typ && std::strcmp(typ, "text") == 0) {
                 const char* z = reinterpret_cast<const char*>(sqlite3_column_text(a, spalte + 1));
                 const int n = sqlite3_column_bytes(a, spalte + 1);
-                stellen.emplace_back(texte.size(), n);
+                Stelle s{texte.size(), n};
+                s.mitKopf = DeutschKopf(z ? z : "", n, s.kopf);
+                stellen.push_back(s);
                 texte.append(z ? z : "", size_t(n));
             } else {
                 return std::nullopt; // a number or a picture: SQLite's own rules
@@ -363,13 +372,17 @@ std::optional<std::vector<qint64>> Recordset::sortiertLesen(const QString& tabel
     // descending term turns both round; rowid decides last.
     const auto kleiner = [&](uint32_t x, uint32_t y) {
         for (size_t t = 0; t < k; ++t) {
-            const auto& [px, nx] = stellen[x * k + t];
-            const auto& [py, ny] = stellen[y * k + t];
+            const Stelle& sx = stellen[x * k + t];
+            const Stelle& sy = stellen[y * k + t];
             int v;
-            if (nx < 0 || ny < 0)
-                v = (nx < 0 ? 0 : 1) - (ny < 0 ? 0 : 1);
+            if (sx.laenge < 0 || sy.laenge < 0)
+                v = (sx.laenge < 0 ? 0 : 1) - (sy.laenge < 0 ? 0 : 1);
+            else if (sx.mitKopf && sy.mitKopf && sx.kopf != sy.kopf)
+                v = sx.kopf < sy.kopf ? -1 : 1;
+            else if (sx.mitKopf && sy.mitKopf && sx.laenge <= 8 && sy.laenge <= 8)
+                v = 0;
             else
-                v = DeutschVergleichenUtf8(texte.data() + px, nx, texte.data() + py, ny);
+                v = DeutschVergleichenUtf8(texte.data() + sx.anfang, sx.laenge, texte.data() + sy.anfang, sy.laenge);
             if (v != 0)
                 return terme[t].absteigend ? v > 0 : v < 0;
         }

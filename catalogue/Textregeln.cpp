@@ -375,6 +375,22 @@ bool JetLike(const QString& muster, const QString& text)
     return JetLikeUtf8(um.constData(), int(um.size()), ut.constData(), int(ut.size()));
 }
 
+bool DeutschKopf(const char* text, int laenge, quint64& kopf)
+{
+    kopf = 0;
+    for (int i = 0; i < 8; ++i) {
+        unsigned zeichen = 0;
+        if (i < laenge) {
+            zeichen = static_cast<unsigned char>(text[i]);
+            if (zeichen == 0 || zeichen >= 0x80)
+                return false;
+            zeichen = k_klein.z[zeichen];
+        }
+        kopf = (kopf << 8) | zeichen;
+    }
+    return true;
+}
+
 QString GlobMaskiert(const QString& text)
 {
     QString muster;

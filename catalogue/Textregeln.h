@@ -9,6 +9,12 @@
 int DeutschVergleichen(const QString& a, const QString& b);
 // The same on UTF-8 bytes, without allocating; invalid bytes count as Latin-1.
 int DeutschVergleichenUtf8(const char* a, int na, const char* b, int nb);
+// The first eight characters of a text as the German comparison orders them, packed into
+// one number, for texts whose first eight bytes (or fewer) are plain ASCII without NUL;
+// false for any other text. Two such heads that differ order their texts as the
+// comparison does; equal heads of texts of at most eight characters mean equal texts.
+bool DeutschKopf(const char* text, int laenge, quint64& kopf);
+
 // The text as a pattern of SQLite's GLOB that stands for exactly this text.
 QString GlobMaskiert(const QString& text);
 // Jet's like: * ? # [list] [!list], caseless for all letters including umlauts.

@@ -451,10 +451,20 @@ private slots:
     // values, case, umlauts, equal keys, both directions; a picture in a column falls back.
     void selbstSortiertWieSqlite()
     {
-        const QStringList werte = {"Abba", "abba", "ABBA", "Ärzte", "ärger", "Zappa", "Über", "über", "",
-                                   " ", "5", "10", "ß", "ss", "Oasis", "Öl", "Œuvre", "ﬁne", "Ꭺ", "a\u0308"};
-        QList<Zeilenwerte> zeilen;
+        QStringList werte = {"Abba", "abba", "ABBA", "Ärzte", "ärger", "Zappa", "Über", "über", "",
+                             " ", "5", "10", "ß", "ss", "Oasis", "Öl", "Œuvre", "ﬁne", "Ꭺ", "a\u0308",
+                             "abcdefgh", "ABCDEFGH", "abcdefghi", "abcdefgH", "Rock'n'Roll", "rock n roll",
+                             "Rock", "rock ", "~~", "a-b", "a b"};
+        // Texts of any length around the eight characters of a head, plain and mixed.
         QRandomGenerator z(23);
+        const QString zeichen = QStringLiteral("aAbBzZ -'9äÄßé~");
+        for (int i = 0; i < 60; ++i) {
+            QString text;
+            for (int n = z.bounded(13); n > 0; --n)
+                text += zeichen.at(z.bounded(int(zeichen.size())));
+            werte << text;
+        }
+        QList<Zeilenwerte> zeilen;
         for (int i = 0; i < 400; ++i)
             zeilen << Zeilenwerte{{"Band", werte[z.bounded(int(werte.size()))]},
                                   {"LPTitel", werte[z.bounded(int(werte.size()))]},
