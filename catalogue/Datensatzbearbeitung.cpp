@@ -166,9 +166,14 @@ void Datensatzbearbeitung::MenuEintragLoeschen_Click()
         // first, so that the rows still to come keep their numbers.
         const std::vector<int> zeilen = g->MarkierteZeilen();
         const int anzahl = int(zeilen.size());
-        for (int n = 1; n <= anzahl; ++n) {
+        // The count shows how far it is; Esc stops it before the next Carrier.
+        const EscAbbruch esc;
+        Abbruch = false;
+        for (int n = 1; n <= anzahl && !Abbruch; ++n) {
             box.Bez[13]->setText(QString::number(n));
             EreignisseZulassen();
+            if (Abbruch)
+                break;
             const int zeile = zeilen[size_t(anzahl - n)];
             if (zeile >= g->Rows())
                 continue;
@@ -194,11 +199,13 @@ void Datensatzbearbeitung::MenuEintragLoeschen_Click()
             rs->Delete();
         }
     } catch (const Laufzeitfehler& fehler) {
+        Abbruch = false;
         g->setRedraw(true);
         box.Bez[13]->clear();
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuEintragLoeschen_Click"));
         return;
     }
+    Abbruch = false;
     g->setRedraw(true);
     box.Bez[13]->clear();
     box.katalogdatei().MenuAktualisieren_Click();

@@ -11,6 +11,7 @@
 #include "catalogue/Tabellenansicht.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
+#include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
@@ -20,6 +21,7 @@
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTextEdit>
+#include <QTimer>
 
 #include <sqlite3.h>
 
@@ -106,6 +108,13 @@ private slots:
         w->MenuEintragLoeschen->trigger();
         w->MenuEintragLoeschen->trigger();
         QCOMPARE(KatalogSpalte(katalog, "Band").size(), 8);
+        // Esc while the marked Carriers go stops before the next one.
+        markieren(2, 6);
+        Attrappen::dialoge().antwortenMsg << "Ja";
+        QTimer::singleShot(0, this, [this] { QTest::keyClick(w->MSFlexGrid1, Qt::Key_Escape); });
+        w->MenuEintragLoeschen->trigger();
+        QCOMPARE(KatalogSpalte(katalog, "Band").size(), 8);
+        QVERIFY(!Abbruch);
         markieren(2, 6);
         Attrappen::dialoge().antwortenMsg << "Ja";
         w->cboBildpfad->setEditable(true);
