@@ -40,6 +40,15 @@ QString sqlite3Werkzeug(const QString& pfad, const QString& sql)
     return QString::fromUtf8(werkzeug.readAllStandardOutput());
 }
 
+// The rowids of a recordset in its order.
+std::vector<qint64> reihenfolge(const Recordset& rs)
+{
+    std::vector<qint64> r;
+    for (int i = 0; i < rs.RecordCount(); ++i)
+        r.push_back(rs.RowId(i));
+    return r;
+}
+
 // The first value of a statement's first row.
 QVariant abfragen(Datenbank& db, const QString& sql) { return Recordset(db, sql).Value(0); }
 
@@ -481,12 +490,6 @@ private slots:
             "select * from Schallplatten order by \"LPTitel\" asc, [Band] DESC, Stil",
             "select * from Schallplatten where Band like 'a*' or Band like 'ä*' order by LPTitel",
             "select * from Schallplatten order by Band collate binary"};
-        auto reihenfolge = [](const Recordset& rs) {
-            std::vector<qint64> r;
-            for (int i = 0; i < rs.RecordCount(); ++i)
-                r.push_back(rs.RowId(i));
-            return r;
-        };
         auto vergleichen = [&] {
             for (const QString& quelle : quellen) {
                 Recordset::SelbstSortieren = false;
@@ -524,12 +527,6 @@ private slots:
             "select * from Schallplatten where Bewertung like '5' order by Band, LPTitel",
             "select * from Schallplatten order by Bewertung, Band desc",
             "select * from Schallplatten where Band like 'a*'", "Schallplatten"};
-        auto reihenfolge = [](const Recordset& rs) {
-            std::vector<qint64> r;
-            for (int i = 0; i < rs.RecordCount(); ++i)
-                r.push_back(rs.RowId(i));
-            return r;
-        };
         for (const QString& quelle : quellen) {
             Recordset rs(*db, quelle);
             for (int runde = 0; runde < 4; ++runde) {
