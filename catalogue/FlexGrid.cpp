@@ -223,11 +223,11 @@ int FlexGrid::ZeileSuchen(const QString& bedingung, const QVariantList& werte,
                           const std::function<bool(int zeile)>& passt) const
 {
     const Recordset* rs = m_modell->rs;
-    if (rs && rs->Updatable()) {
-        // Only the rows that can match are read, in the recordset's order.
-        const QSet<qint64> kandidaten = rs->RowIds(bedingung, werte);
-        for (int position = rs->ErstePosition(kandidaten); position >= 0;
-             position = rs->ErstePosition(kandidaten, position + 1))
+    // Only the rows that can match are read, in the recordset's order; where the catalogue
+    // cannot be asked, every row is.
+    if (const auto kandidaten = rs ? rs->RowIds(bedingung, werte) : std::nullopt) {
+        for (int position = rs->ErstePosition(*kandidaten); position >= 0;
+             position = rs->ErstePosition(*kandidaten, position + 1))
             if (passt(position + 1))
                 return position + 1;
         return -1;

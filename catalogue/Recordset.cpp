@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <system_error>
 #include <thread>
 
 namespace {
@@ -393,14 +394,19 @@ std::optional<std::vector<qint64>> Recordset::sortiertLesen(const QString& tabel
         folge[i] = i;
     // Two halves on two cores, then merged.
     const auto mitte = folge.begin() + qsizetype(folge.size() / 2);
+    std::thread zweiter;
     if (folge.size() > 20000) {
-        std::thread zweiter([&] { std::sort(mitte, folge.end(), kleiner); });
-        std::sort(folge.begin(), mitte, kleiner);
-        zweiter.join();
-    } else {
-        std::sort(folge.begin(), mitte, kleiner);
-        std::sort(mitte, folge.end(), kleiner);
+        try {
+            zweiter = std::thread([&] { std::sort(mitte, folge.end(), kleiner); });
+        } catch (const std::system_error&) {
+            // No second thread to be had: one core sorts both halves.
+        }
     }
+    std::sort(folge.begin(), mitte, kleiner);
+    if (zweiter.joinable())
+        zweiter.join();
+    else
+        std::sort(mitte, folge.end(), kleiner);
     std::inplace_merge(folge.begin(), mitte, folge.end(), kleiner);
     std::vector<qint64> ergebnis;
     ergebnis.reserve(folge.size());
@@ -424,24 +430,27 @@ Recordset::Stand Recordset::standLesen() const
             m_db.Ausfuehrungen()};
 }
 
-QSet<qint64> Recordset::RowIds(const QString& bedingung, const QVariantList& werte) const
+std::optional<QSet<qint64>> Recordset::RowIds(const QString& bedingung, const QVariantList& werte) const
 {
     QSet<qint64> treffer;
     if (!Updatable())
-        return treffer;
+        return std::nullopt;
     const QByteArray sql = (QStringLiteral("SELECT rowid FROM ") + namenZitieren(m_tabelle)
                             + QStringLiteral(" WHERE ") + bedingung)
                                .toUtf8();
     sqlite3_stmt* roh = nullptr;
     if (sqlite3_prepare_v2(m_db.handle(), sql.constData(), int(sql.size()), &roh, nullptr) != SQLITE_OK) {
         sqlite3_finalize(roh);
-        return treffer;
+        return std::nullopt;
     }
     Anweisung abfrage(roh);
     for (int i = 0; i < werte.size(); ++i)
         binden(roh, i + 1, werte.at(i));
-    while (sqlite3_step(roh) == SQLITE_ROW)
+    int rc;
+    while ((rc = sqlite3_step(roh)) == SQLITE_ROW)
         treffer.insert(sqlite3_column_int64(roh, 0));
+    if (rc != SQLITE_DONE)
+        return std::nullopt;
     return treffer;
 }
 

@@ -103,9 +103,9 @@ public:
     int Position(qint64 rowid) const;
 
     // The rowids of the table's rows that the condition picks (SQL over the table, ?1, ?2
-    // ... take the values), so that a search need not read the rows one by one. Empty for
-    // a recordset that cannot be changed, or when the condition fails.
-    QSet<qint64> RowIds(const QString& bedingung, const QVariantList& werte = {}) const;
+    // ... take the values), so that a search need not read the rows one by one. Nothing
+    // for a recordset that cannot be changed, or when the statement fails (a busy file).
+    std::optional<QSet<qint64>> RowIds(const QString& bedingung, const QVariantList& werte = {}) const;
     // The first position from von on whose rowid is in the set; -1 when there is none.
     int ErstePosition(const QSet<qint64>& rowids, int von = 0) const;
 

@@ -92,7 +92,7 @@ void Zufallswahl::TontraegerZufaellig()
         std::optional<QSet<qint64>> stilKandidaten;
         std::optional<QSet<qint64>> bandKandidaten;
         auto kandidaten = [&](const QListWidget* liste, int spalte) -> std::optional<QSet<qint64>> {
-            if (spalte < 0 || !rs->Updatable())
+            if (spalte < 0)
                 return std::nullopt;
             const QString name = g->SqlName(spalte);
             QStringList teile = {QStringLiteral("typeof(%1) <> 'text'").arg(name)};
