@@ -464,17 +464,20 @@ int Recordset::ErstePosition(const QSet<qint64>& rowids, int von) const
     return -1;
 }
 
-qsizetype Recordset::einfuegeStelle(sqlite3_stmt* vergleich, qint64 rowid) const
+qsizetype Recordset::einfuegeStelle(const std::vector<qint64>& rowids, sqlite3_stmt* vergleich, qint64 rowid)
 {
     // The first place whose row the source's order puts behind this one.
     qsizetype unten = 0;
-    qsizetype oben = qsizetype(m_rowids.size());
+    qsizetype oben = qsizetype(rowids.size());
     while (unten < oben) {
         const qsizetype mitte = unten + (oben - unten) / 2;
         sqlite3_bind_int64(vergleich, 1, rowid);
-        sqlite3_bind_int64(vergleich, 2, m_rowids[size_t(mitte)]);
-        const bool davor = sqlite3_step(vergleich) == SQLITE_ROW && sqlite3_column_int64(vergleich, 0) == rowid;
+        sqlite3_bind_int64(vergleich, 2, rowids[size_t(mitte)]);
+        const int rc = sqlite3_step(vergleich);
+        const bool davor = rc == SQLITE_ROW && sqlite3_column_int64(vergleich, 0) == rowid;
         sqlite3_reset(vergleich);
+        if (rc != SQLITE_ROW)
+            return -1;
         if (davor)
             oben = mitte;
         else
@@ -504,16 +507,25 @@ bool Recordset::Nachfuehren()
     std::vector<qint64> geschrieben = m_geschrieben;
     std::sort(geschrieben.begin(), geschrieben.end());
     geschrieben.erase(std::unique(geschrieben.begin(), geschrieben.end()), geschrieben.end());
+    // Worked on a copy: where the catalogue cannot answer, nothing has changed.
+    std::vector<qint64> rowids = m_rowids;
     for (const qint64 rowid : geschrieben)
-        if (const auto it = std::find(m_rowids.begin(), m_rowids.end(), rowid); it != m_rowids.end())
-            m_rowids.erase(it);
+        if (const auto it = std::find(rowids.begin(), rowids.end(), rowid); it != rowids.end())
+            rowids.erase(it);
     for (const qint64 rowid : geschrieben) {
         sqlite3_bind_int64(dabei.get(), 1, rowid);
         const int rc = sqlite3_step(dabei.get());
         sqlite3_reset(dabei.get());
-        if (rc == SQLITE_ROW)
-            m_rowids.insert(m_rowids.begin() + einfuegeStelle(vergleich.get(), rowid), rowid);
+        if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+            return false;
+        if (rc == SQLITE_ROW) {
+            const qsizetype stelle = einfuegeStelle(rowids, vergleich.get(), rowid);
+            if (stelle < 0)
+                return false;
+            rowids.insert(rowids.begin() + stelle, rowid);
+        }
     }
+    m_rowids = std::move(rowids);
     m_geschrieben.clear();
     m_anzahl = qsizetype(m_rowids.size());
     m_position = m_anzahl > 0 ? 0 : -1;

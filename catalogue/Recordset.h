@@ -146,8 +146,9 @@ private:
     // sorts instead.
     std::optional<std::vector<qint64>> sortiertLesen(const QString& tabelle, const QString& where,
                                                      const std::vector<Sortierterm>& terme) const;
-    // The place of a rowid in m_rowids by the source's order; the statement compares two.
-    qsizetype einfuegeStelle(sqlite3_stmt* vergleich, qint64 rowid) const;
+    // The place of a rowid in the ordered rowids by the source's order; the statement
+    // compares two. -1 when the catalogue cannot be asked.
+    static qsizetype einfuegeStelle(const std::vector<qint64>& rowids, sqlite3_stmt* vergleich, qint64 rowid);
     void ganzLesen(const QString& recordSource);
     void schreiben(bool neuerWirdAktuell);
     void schreibenFallsNoetig()
