@@ -210,7 +210,6 @@ void Textfenster::cmdTextBig_Click()
     // The list now lies over the fields; their labels would stand in it.
     for (int i : {0, 1, 3})
         box.Bez[i]->hide();
-    box.TextSongs->raise();
 }
 
 void Textfenster::cmdTextSmall_Click()

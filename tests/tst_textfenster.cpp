@@ -110,8 +110,6 @@ private slots:
         w->ButtonText[2]->click();
         QCOMPARE(RtfVersatz(zeichen(t, 13)), 0);
         QCOMPARE(zeichen(t, 13).fontFamilies().toStringList().value(0), w->textfenster().StandardFontName);
-        w->mnuSchriftTiefgestellt->trigger();
-        QCOMPARE(RtfVersatz(zeichen(t, 14)), -30);
 
         // Bullets for all; off for the first; then a mixed selection is refused untouched.
         markieren(t, 0, 21);
@@ -246,9 +244,6 @@ private slots:
         QTRY_COMPARE(w->AktivesTextfeld, u"txtSongText"_s);
         QTest::keyClick(w->txtSongText, Qt::Key_Escape);
         QVERIFY(!w->txtSongText->isVisible() && !Abbruch);
-        w->mnuSongTextEinAus->trigger();
-        w->mnuSongTextEinAus->trigger();
-        QVERIFY(!w->txtSongText->isVisible());
 
         const int unten = t->geometry().bottom();
         w->cmdTextBig->click();
@@ -260,40 +255,40 @@ private slots:
         QVERIFY(w->Bez[3]->isVisible());
     }
 
+    // A link, a file, a mail address or any other text, each after its question.
     void markierterTextAlsLink()
     {
         starten(u"Post an rita@beispiel.example"_s);
         auto& d = Attrappen::dialoge();
         auto& shell = Attrappen::shell();
         shell.geoeffnet.clear();
-        const auto ausfuehren = [&](QWidget* feld, const QString& text) {
+        const auto ausfuehren = [&](Textfeld* feld, const QString& text) {
             feld->setFocus(Qt::MouseFocusReason);
-            if (auto* zeile = qobject_cast<Textfeld*>(feld)) {
-                zeile->setText(text);
-                zeile->selectAll();
-            }
+            feld->setText(text);
+            feld->selectAll();
             w->mnuWeblink->trigger();
+            return d.aufrufe.last();
         };
         d.antwortenInput << u"https://beispiel.example/x"_s;
-        ausfuehren(w->TextInfo, u"siehe https://beispiel.example"_s);
-        QCOMPARE(d.aufrufe.last().eingabe.prompt, u"Diesen Link ausführen?"_s);
-        QCOMPARE(d.aufrufe.last().eingabe.vorgabe, u"siehe https://beispiel.example"_s);
+        QCOMPARE(ausfuehren(w->TextInfo, u"siehe https://beispiel.example"_s).eingabe.prompt,
+                 u"Diesen Link ausführen?"_s);
         ausfuehren(w->TextInfo, u"www.beispiel.example"_s); // cancelled
         const QString datei = Testordner("link") + "Heft.pdf";
         DateiSchreiben(datei, "%PDF");
         ausfuehren(w->TextMusikpfad, datei);
-        ausfuehren(w->TextMusikpfad, datei + "x");
-        QCOMPARE(d.meldungen().last().text, datei + "x\nDatei nicht vorhanden oder Dateipfad ungültig!");
-        QCOMPARE(d.meldungen().last().hintergrund, Farbe::WarnHintergrund);
+        const auto fehlt = ausfuehren(w->TextMusikpfad, datei + "x").meldung;
+        QCOMPARE(fehlt.text, datei + "x\nDatei nicht vorhanden oder Dateipfad ungültig!");
+        QCOMPARE(fehlt.hintergrund, Farbe::WarnHintergrund);
+        d.antwortenInput << u"www.Abba"_s;
+        QCOMPARE(ausfuehren(w->TextBand, u"Abba"_s).eingabe.vorgabe, u"www.Abba"_s);
+        // In a pane, its selection.
+        w->TextSongs->setFocus(Qt::MouseFocusReason);
         markieren(w->TextSongs, 8, 29);
         d.antwortenInput << u"rita@beispiel.example"_s;
-        ausfuehren(w->TextSongs, {});
+        w->mnuWeblink->trigger();
         QCOMPARE(d.aufrufe.last().eingabe.prompt, u"Eine eMail an diese Adresse senden?"_s);
-        d.antwortenInput << u"www.Abba"_s;
-        ausfuehren(w->TextBand, u"Abba"_s);
-        QCOMPARE(d.aufrufe.last().eingabe.vorgabe, u"www.Abba"_s);
-        QCOMPARE(shell.geoeffnet, (QStringList{u"https://beispiel.example/x"_s, datei,
-                                                u"mailto:rita@beispiel.example"_s, u"www.Abba"_s}));
+        QCOMPARE(shell.geoeffnet, (QStringList{u"https://beispiel.example/x"_s, datei, u"www.Abba"_s,
+                                                u"mailto:rita@beispiel.example"_s}));
     }
 
     void schriftenEinstellen()
