@@ -6,6 +6,7 @@
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Tabellenansicht.h"
 #include "collections/SqlKonsole.h"
+#include "media/Textfenster.h"
 #include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
@@ -23,7 +24,9 @@ void Werkzeugleiste::verbinden()
         {4, [this] { box.sqlKonsole().MenuSQLabfrage_Click(); }},
         {9, [this] { box.MenuBeenden(); }},
         {10, [this] { box.katalogdatei().mnuOeffnen_Click(); }},
+        {13, [this] { box.textfenster().mnuSongTextEinAus_Click(); }},
         {16, [this] { box.tabellenansicht().mnuTabelleAutosize_Click(); }},
+        {18, [this] { box.textfenster().mnuWeblink_Click(); }},
     };
     for (int i = 0; i < 21; ++i) {
         const auto it = werkzeuge.find(i);

@@ -45,7 +45,6 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
-#include <QFontInfo>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -280,23 +279,11 @@ void Ausgabebox::RegistryLesen()
         schrift.StandardColor = qint64(*v);
 
     // The program font: what TextBand gets is what every other field gets.
-    QFont programm = TextBand->font();
-    programm.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
+    double programmGroesse = 0;
     if (const auto v = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("12"))); v && *v > 0)
-        programm.setPointSizeF(*v);
-    TextBand->setFont(programm);
-    const QFontInfo bekommen(TextBand->font());
-    QFont gleich = TextBand->font();
-    gleich.setFamily(bekommen.family());
-    for (QWidget* w : std::initializer_list<QWidget*>{filPlaylist, TextKaufdatum, TextLPTitel, TextPreis,
-                                                      TextMedium, TextPlattenfirma, TextBestellNr, TextInfo,
-                                                      TextStil, TextSongs, TextMusikpfad, cboEbook,
-                                                      cboBildpfad, MSFlexGrid1, lvwPlaylist}) {
-        QFont f = w->font();
-        f.setFamily(gleich.family());
-        f.setPointSizeF(gleich.pointSizeF());
-        w->setFont(f);
-    }
+        programmGroesse = *v;
+    schrift.ProgrammschriftAnwenden(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")),
+                                    programmGroesse);
 
     for (int n = 0; n < 10; ++n)
         m_katalogdatei->OrdnerEintragSetzen(n, Lesen(QStringLiteral("%1Ordnerpfad").arg(n)));

@@ -72,12 +72,9 @@ void AusgabeboxSteuerelemente::anlegen(QMainWindow* fenster)
 
     // Controls whose commands are not built yet wait, greyed.
     for (QWidget* wartet : std::initializer_list<QWidget*>{
-             imgMiniPlayer, imgLautsprecherregler, imgMusikpfad, cmdBandTitel, cmdTextBig, cmdTextSmall,
-             cmdCoverUp, cmdCoverDown, imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
+             imgMiniPlayer, imgLautsprecherregler, imgMusikpfad, cmdBandTitel, cmdCoverUp, cmdCoverDown,
+             imgEbookOpen, imgEbookKill, imgEbookPlay, chkBildpfad})
         wartet->setEnabled(false);
-    for (Bildknopf* b : ButtonText)
-        if (b)
-            b->setEnabled(false);
 
     // Label captions keep "&&" for a literal "&", as captions with an access key do.
     const std::pair<int, QWidget*> partner[] = {

@@ -53,20 +53,32 @@ QString DialogAttrappe::Ordner(const QString& titel, const QString& startordner)
     return antwort(antwortenOrdner);
 }
 
-bool DialogAttrappe::Schrift(Schriftauswahl&)
+bool DialogAttrappe::Schrift(Schriftauswahl& s)
 {
     Aufruf a;
     a.art = QStringLiteral("Schrift");
+    a.schrift = s;
     aufrufe << a;
-    return false;
+    if (beimAufruf)
+        beimAufruf(a);
+    if (antwortenSchrift.isEmpty())
+        return false;
+    s = antwortenSchrift.dequeue();
+    return true;
 }
 
-bool DialogAttrappe::Farbe(QColor&)
+bool DialogAttrappe::Farbe(QColor& c)
 {
     Aufruf a;
     a.art = QStringLiteral("Farbe");
+    a.farbe = c;
     aufrufe << a;
-    return false;
+    if (beimAufruf)
+        beimAufruf(a);
+    if (antwortenFarbe.isEmpty())
+        return false;
+    c = antwortenFarbe.dequeue();
+    return true;
 }
 
 QList<Meldung> DialogAttrappe::meldungen() const
@@ -93,6 +105,8 @@ void DialogAttrappe::leeren()
     antwortenInput.clear();
     antwortenDatei.clear();
     antwortenOrdner.clear();
+    antwortenSchrift.clear();
+    antwortenFarbe.clear();
     beimAufruf = nullptr;
 }
 

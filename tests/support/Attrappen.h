@@ -24,6 +24,8 @@ public:
         Dateiauswahl datei;
         QString ordnerTitel;
         QString ordnerStart;
+        Schriftauswahl schrift; // what the font dialog was preset with
+        QColor farbe;           // what the colour dialog was preset with
     };
 
     QList<Aufruf> aufrufe;
@@ -32,6 +34,9 @@ public:
     QQueue<QString> antwortenInput;
     QQueue<QString> antwortenDatei;
     QQueue<QString> antwortenOrdner;
+    // Font and colour dialogs: the queued choice, or a cancel when the queue is empty.
+    QQueue<Schriftauswahl> antwortenSchrift;
+    QQueue<QColor> antwortenFarbe;
     // Called before each answer, to look at the program's state while a box is "open".
     std::function<void(const Aufruf&)> beimAufruf;
 
