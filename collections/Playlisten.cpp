@@ -7,6 +7,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
+#include "catalogue/Textregeln.h"
 #include "platform/Dateikopie.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -463,7 +464,8 @@ void Playlisten::SuchenPlaylistTitel()
     const int musik = g->SpalteSuchen(QStringLiteral("Musikpfad"));
     const int treffer = musik < 0 || ordner.isEmpty()
         ? -1
-        : g->ZeileSuchen(QStringLiteral("typeof(%1) <> 'text' OR instr(%1, ?1) > 0").arg(g->SqlName(musik)), {ordner},
+        : g->ZeileSuchen(QStringLiteral("typeof(%1) <> 'text' OR %1 GLOB ?1").arg(g->SqlName(musik)),
+                         {u'*' + GlobMaskiert(ordner) + u'*'},
                          [&](int z) {
                              if (z < box.SuchZeile || !g->TextMatrix(z, musik).contains(ordner))
                                  return false;
