@@ -28,6 +28,7 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -58,6 +59,9 @@ void Playlisten::verbinden()
     QTreeWidget* liste = box.lvwPlaylist;
     // Every row is one line high: a long list is laid out without measuring each row.
     liste->setUniformRowHeights(true);
+    // The song's name and its Carrier's folder first; the path takes the rest.
+    liste->header()->resizeSection(0, Px(3000));
+    liste->header()->resizeSection(1, Px(2300));
     connect(liste, &QTreeWidget::itemClicked, this, [this] { lvwPlaylist_Click(); });
     connect(liste, &QTreeWidget::itemDoubleClicked, this, [this] { lvwPlaylist_DblClick(); });
     liste->installEventFilter(this);
