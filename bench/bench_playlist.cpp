@@ -24,7 +24,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTreeWidget>
@@ -56,16 +55,6 @@ public:
 private:
     std::unique_ptr<Medien> m_echt = EchteMedienErzeugen();
 };
-
-template <class F>
-double messen(F befehl)
-{
-    QElapsedTimer uhr;
-    uhr.start();
-    befehl();
-    QCoreApplication::processEvents();
-    return double(uhr.nsecsElapsed()) / 1e6;
-}
 
 // Lines from the catalogue's music folders, in a mixed order without direct repetitions.
 QStringList playlistZeilen(const QString& musik, int anzahl)
