@@ -180,6 +180,7 @@ private:
     mutable Anweisung m_zeilenAbfrage;    // the non-picture values of one row by rowid
     mutable qint64 m_cacheStand = -1;     // changes of the connection when cached
     mutable qint64 m_blobRowid = -1;      // the row whose pictures are kept
+    mutable Zeile m_blobWerte;
     // The last answer of RowIds, good while the file is as it was: the start of a playlist's
     // song asks for the Carrier of its folder twice.
     struct Suche {
@@ -189,7 +190,6 @@ private:
         QSet<qint64> treffer;
     };
     mutable std::optional<Suche> m_letzteSuche;
-    mutable Zeile m_blobWerte;
     int m_position = -1;
     bool m_neu = false;
     QHash<int, QVariant> m_puffer; // column to pending value

@@ -77,8 +77,8 @@ bool Playlisten::eventFilter(QObject* objekt, QEvent* ereignis)
         else if (ereignis->type() == QEvent::KeyRelease)
             lvwPlaylist_KeyUp(static_cast<QKeyEvent*>(ereignis)->key());
     } else if (objekt == liste->viewport()) {
-        const auto* maus = static_cast<QMouseEvent*>(ereignis);
-        if (ereignis->type() == QEvent::MouseButtonPress && maus->button() == Qt::RightButton)
+        if (ereignis->type() == QEvent::MouseButtonPress
+            && static_cast<QMouseEvent*>(ereignis)->button() == Qt::RightButton)
             box.mnuPlaylist->popup(QCursor::pos());
         else if (ereignis->type() == QEvent::MouseButtonRelease)
             lvwPlaylist_MouseUp();
