@@ -16,7 +16,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
 #include <QPushButton>
@@ -40,17 +39,6 @@ public:
 };
 
 using Messungen = std::map<std::string, std::vector<double>>;
-
-// Runs the command and lets the window finish what it started; milliseconds.
-template <class F>
-double messen(F befehl)
-{
-    QElapsedTimer uhr;
-    uhr.start();
-    befehl();
-    QCoreApplication::processEvents();
-    return double(uhr.nsecsElapsed()) / 1e6;
-}
 
 void kopfKlicken(FlexGrid* g, const QString& kopf)
 {

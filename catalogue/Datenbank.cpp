@@ -202,6 +202,11 @@ void Datenbank::sortierhilfeAnlegen()
                                              "ON Schallplatten (Band, LPTitel")
         + (hat("Bewertung") ? QByteArrayLiteral(", Bewertung)") : QByteArrayLiteral(")"));
     sqlite3_exec(m_db, sql.constData(), nullptr, nullptr, nullptr);
+    // The Carrier of a playing folder is looked for at every start of a playlist's song:
+    // the catalogue then reads the music folders from a small index, not the whole table.
+    if (hat("Musikpfad"))
+        sqlite3_exec(m_db, "CREATE INDEX IF NOT EXISTS Schallplatten_Musikpfad ON Schallplatten (Musikpfad)", nullptr,
+                     nullptr, nullptr);
 }
 
 bool Datenbank::schreibgeschuetzt() const { return sqlite3_db_readonly(m_db, "main") == 1; }

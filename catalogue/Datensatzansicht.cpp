@@ -144,7 +144,10 @@ void Datensatzansicht::Data1_Reposition()
     if (AutosizeLaeuft)
         return;
     box.cboBildpfad->clear();
-    TrackIndex = 0;
+    // While the playlist is the source, the index and the played marks count its rows:
+    // the catalogue following the song takes neither.
+    if (!PlaylistModus)
+        TrackIndex = 0;
     TrackListeLaden();
     // The Track stars belong to the first Track of the new list.
     box.trackliste().BewertungTracks();
@@ -172,7 +175,8 @@ void Datensatzansicht::TrackListeLaden()
         box.filTrack->setCurrentRow(0);
         box.filTrack->setSelected(0, true);
     }
-    TrackGespielt.assign(size_t(box.filTrack->count()), 0);
+    if (!PlaylistModus)
+        TrackGespielt.assign(size_t(box.filTrack->count()), 0);
     box.Bez[12]->setText(QStringLiteral("Tracks && Movies ") + QString::number(box.filTrack->count()));
 }
 

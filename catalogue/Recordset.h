@@ -105,6 +105,7 @@ public:
     // The rowids of the table's rows that the condition picks (SQL over the table, ?1, ?2
     // ... take the values), so that a search need not read the rows one by one. Nothing
     // for a recordset that cannot be changed, or when the statement fails (a busy file).
+    // The same question again on an unchanged file is answered without asking the file.
     std::optional<QSet<qint64>> RowIds(const QString& bedingung, const QVariantList& werte = {}) const;
     // The first position from von on whose rowid is in the set; -1 when there is none.
     int ErstePosition(const QSet<qint64>& rowids, int von = 0) const;
@@ -180,6 +181,15 @@ private:
     mutable qint64 m_cacheStand = -1;     // changes of the connection when cached
     mutable qint64 m_blobRowid = -1;      // the row whose pictures are kept
     mutable Zeile m_blobWerte;
+    // The last answer of RowIds, good while the file is as it was: the start of a playlist's
+    // song asks for the Carrier of its folder twice.
+    struct Suche {
+        QString sql;
+        QVariantList werte;
+        Stand stand;
+        QSet<qint64> treffer;
+    };
+    mutable std::optional<Suche> m_letzteSuche;
     int m_position = -1;
     bool m_neu = false;
     QHash<int, QVariant> m_puffer; // column to pending value

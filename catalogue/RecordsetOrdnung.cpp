@@ -169,6 +169,10 @@ std::optional<QSet<qint64>> Recordset::RowIds(const QString& bedingung, const QV
     QSet<qint64> treffer;
     if (!Updatable())
         return std::nullopt;
+    const Stand stand = standLesen();
+    if (m_letzteSuche && m_letzteSuche->stand == stand && m_letzteSuche->sql == bedingung
+        && m_letzteSuche->werte == werte)
+        return m_letzteSuche->treffer;
     const QByteArray sql = (QStringLiteral("SELECT rowid FROM ") + namenZitieren(m_tabelle)
                             + QStringLiteral(" WHERE ") + bedingung)
                                .toUtf8();
@@ -185,6 +189,7 @@ std::optional<QSet<qint64>> Recordset::RowIds(const QString& bedingung, const QV
         treffer.insert(sqlite3_column_int64(roh, 0));
     if (rc != SQLITE_DONE)
         return std::nullopt;
+    m_letzteSuche = Suche{bedingung, werte, stand, treffer};
     return treffer;
 }
 

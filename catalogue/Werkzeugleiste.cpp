@@ -5,6 +5,7 @@
 #include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Tabellenansicht.h"
+#include "collections/Playlisten.h"
 #include "collections/SqlKonsole.h"
 #include "media/Textfenster.h"
 #include "shell/Grundregeln.h"
@@ -41,4 +42,13 @@ void Werkzeugleiste::verbinden()
                 befehl();
         });
     }
+    // The playlist: the left button shows or hides the list, the right one loads a playlist.
+    box.cmdButton[14]->setEnabled(true);
+    connect(box.cmdButton[14], &Bildknopf::MouseUp, this, [this](Qt::MouseButton knopf) {
+        EreignisseZulassen();
+        if (knopf == Qt::LeftButton)
+            box.playlisten().mnuPlaylistAnzeigen_Click();
+        else if (knopf == Qt::RightButton)
+            box.playlisten().mnuPlaylistLaden_Click();
+    });
 }

@@ -102,3 +102,18 @@ bool TextdateiSchreiben(const QString& pfad, const QStringList& zeilen)
     }
     return datei.commit();
 }
+
+bool TextdateiAnhaengen(const QString& pfad, const QStringList& zeilen)
+{
+    QFile datei(pfad);
+    if (!datei.open(QIODevice::ReadWrite))
+        return false;
+    QByteArray inhalt;
+    if (datei.size() > 0 && datei.seek(datei.size() - 1) && datei.read(1) != "\n")
+        inhalt += '\n';
+    for (const QString& zeile : zeilen) {
+        inhalt += zeile.toUtf8();
+        inhalt += '\n';
+    }
+    return datei.seek(datei.size()) && datei.write(inhalt) == inhalt.size();
+}

@@ -11,6 +11,9 @@ QStringList TextdateiLesen(const QString& pfad, bool* ok = nullptr);
 QString ErsteZeile(const QString& pfad);
 // Writes the lines, each closed by LF. Atomic: the old file stays on failure.
 bool TextdateiSchreiben(const QString& pfad, const QStringList& zeilen);
+// Appends the lines, each closed by LF, making the file when it is missing. A last line
+// that lacks its line end (a file from elsewhere) gets one first.
+bool TextdateiAnhaengen(const QString& pfad, const QStringList& zeilen);
 
 // Text of bytes as described above.
 QString TextDekodieren(const QByteArray& bytes);

@@ -7,6 +7,7 @@
 #include "catalogue/Datensatzansicht.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "collections/Playlisten.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
 #include "platform/Medien.h"
@@ -220,8 +221,8 @@ void Abspieler::imgStart_Click()
             TrackGespielt[size_t(TrackIndex)] = 1;
             box.trackliste().BewertungTracks();
         }
-        PlaylistTitelErzwingen = true;
-        SuchenPlaylistTitel();
+        box.playlisten().PlaylistTitelErzwingen = true;
+        box.playlisten().SuchenPlaylistTitel();
     } else {
         if (!box.chkMarkTracks->isChecked()) {
             box.filTrack->clearSelection();
@@ -553,10 +554,4 @@ void Abspieler::mnuWinPlayerVerwenden_Click()
     // The action has toggled its mark; nothing that plays is touched.
     Speichern(QStringLiteral("WinMediaPlayer"),
               box.mnuWinPlayerVerwenden->isChecked() ? QStringLiteral("True") : QStringLiteral("False"));
-}
-
-void Abspieler::SuchenPlaylistTitel()
-{
-    // The playlist's title search comes with the playlists.
-    PlaylistTitelErzwingen = false;
 }

@@ -30,7 +30,6 @@ public:
     void chkVisualisierung_Click();
     void chkVollbild_Click();
     void mnuWinPlayerVerwenden_Click();
-    void SuchenPlaylistTitel();
     // The media player control on the main window shows (on the covers' tab).
     void MediaPlayer1Zeigen(bool sichtbar);
 
@@ -58,7 +57,4 @@ private:
     frmWinMediaPlayer* WinMediaPlayerFenster();
     // Over the control while an audio file plays: cover, title and progress.
     void AudioanzeigeAktualisieren();
-
-    // The next title search of the playlist is forced.
-    bool PlaylistTitelErzwingen = false;
 };

@@ -12,6 +12,7 @@
 #include "platform/Dienste.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Uhr.h"
+#include "playback/Abspieler.h"
 #include "playback/Trackliste.h"
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
@@ -207,10 +208,10 @@ void Zufallswahl::PlaylistZeileZufaellig()
         } else {
             std::fill(TrackGespielt.begin(), TrackGespielt.end(), 0);
             if (!box.chkRepeat->isChecked()) {
-                // Every checked row has played: the run ends. The stop command of the
-                // transport belongs after this wait.
+                // Every checked row has played: the run ends.
                 EreignisseZulassen();
                 D().uhr().warten(500);
+                box.abspieler().imgStop_Click();
                 return;
             }
             TrackIndex = 1;
@@ -220,6 +221,7 @@ void Zufallswahl::PlaylistZeileZufaellig()
         box.lvwPlaylist->setCurrentItem(eintrag);
         box.lvwPlaylist->scrollToItem(eintrag);
     }
-    // The start command of the transport belongs here, for when something plays
-    // ("playing:  " in panel 2): a random row then starts at once.
+    // While something plays, the random row starts at once.
+    if (box.staBar->PanelText(2).contains(u"playing:  "))
+        box.abspieler().imgStart_Click();
 }

@@ -183,7 +183,7 @@ void Ausgabebox::Form_Load()
         feldbezeichnungen().BezLaden();
         lastanzeige().LastanzeigeStarten();
         // 19. - 22.
-        filPlaylist->setPath(DatenbankOrdner + QStringLiteral("Playlist/"));
+        filPlaylist->setPath(Playlisten::ListenOrdner());
         TrackItemHoehe = filTrack->fontMetrics().height() + 2;
         if (filTrack->count() > 0)
             TrackItemHoehe = filTrack->visualItemRect(filTrack->item(0)).height();

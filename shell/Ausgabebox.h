@@ -68,6 +68,10 @@ public:
     int SpalteStil = -1;
     // Set when the load handler failed; the rest of the start was skipped.
     bool LadenFehlgeschlagen = false;
+    // The walk of the table by a search term: the row from 1 where the next walk begins,
+    // and the term of the last walk that found something.
+    int SuchZeile = 0;
+    QString LetzterSuchtext;
 
 protected:
     void closeEvent(QCloseEvent* e) override;

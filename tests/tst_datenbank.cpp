@@ -570,6 +570,25 @@ private slots:
         QVERIFY(!offen.Nachfuehren());
     }
 
+    // A search asked again finds what the file holds now: after the recordset's own write,
+    // a statement of the program and a write of another program.
+    void zeilenSuchenNachAenderungen()
+    {
+        const QString pfad = katalogMit({"A", "B", "C"});
+        auto db = Datenbank::oeffnen(pfad);
+        Recordset rs(*db, "select * from Schallplatten order by Band");
+        auto treffer = [&] { return rs.RowIds("Band GLOB ?1", {"Z*"}).value_or(QSet<qint64>{-1}).size(); };
+        QCOMPARE(treffer(), 0);
+        rs.setAbsolutePosition(0);
+        rs.setValue("Band", "Zappa");
+        rs.Update();
+        QCOMPARE(treffer(), 1);
+        db->Execute("update Schallplatten set Band = 'Zz' where Band = 'B'");
+        QCOMPARE(treffer(), 2);
+        sqlite3Werkzeug(pfad, "update Schallplatten set Band = 'Zorn' where Band = 'C';");
+        QCOMPARE(treffer(), 3);
+    }
+
     void schreibfehler()
     {
         const QString pfad = katalogMit({"A", "B"});

@@ -1,6 +1,8 @@
 #pragma once
 // What the benchmarks share: catalogues of invented Carriers with RTF song lists, kept in a
 // cache outside the source tree once made, the temporary home they run in, and figures.
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -28,3 +30,14 @@ double median(std::vector<double> v);
 double quantil(std::vector<double> v, double q);
 double maximum(const std::vector<double>& v);
 long residentKb();
+
+// Runs the command and lets the window finish what it started; milliseconds.
+template <class F>
+double messen(F befehl)
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    befehl();
+    QCoreApplication::processEvents();
+    return double(uhr.nsecsElapsed()) / 1e6;
+}
