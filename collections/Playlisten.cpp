@@ -88,15 +88,6 @@ bool Playlisten::eventFilter(QObject* objekt, QEvent* ereignis)
 
 QString Playlisten::PlaylistOrdner() { return ProgrammOrdner + QStringLiteral("Playlist/"); }
 
-QString Playlisten::ListenOrdner()
-{
-    // A catalogue kept with a Playlist folder of its own beside it shows that folder's
-    // playlists, by name, while they are read from the program's folder. Without one,
-    // which nothing makes, the tab shows the folder the playlists are written to.
-    const QString daneben = DatenbankOrdner + QStringLiteral("Playlist/");
-    return OrdnerVorhanden(daneben) ? daneben : PlaylistOrdner();
-}
-
 QTreeWidgetItem* Playlisten::ZeileAnlegen(const QString& pfad)
 {
     // Each folder keeps the separator the path has, so the three columns give it again.
@@ -232,10 +223,16 @@ void Playlisten::mnuPlaylistLaden_Click()
             QList<QTreeWidgetItem*> neu;
             neu.reserve(zeilen.size());
             const QString* zuletzt = nullptr;
+            bool ungeteilt = false;
             for (const QString& zeile : zeilen) {
                 // A direct repetition goes; a song may come back later in the list.
                 if (zeile.isEmpty() || (zuletzt && zeile == *zuletzt))
                     continue;
+                // A line without a folder cannot be split: the reading ends there.
+                if (!zeile.contains(u'/') && !zeile.contains(u'\\')) {
+                    ungeteilt = true;
+                    break;
+                }
                 neu << ZeileAnlegen(zeile);
                 zuletzt = &zeile;
             }
@@ -243,6 +240,11 @@ void Playlisten::mnuPlaylistLaden_Click()
             box.lvwPlaylist->clear();
             box.lvwPlaylist->addTopLevelItems(neu);
             box.lvwPlaylist->setUpdatesEnabled(true);
+            if (ungeteilt) {
+                // The rows read so far stay, and each of them has its played mark.
+                MarkenAnlegen();
+                throw Laufzeitfehler(Fehlernummer::UngueltigerAufruf);
+            }
         }
         KopfSchreiben();
         ListeZeigen(true);

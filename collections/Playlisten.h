@@ -35,8 +35,6 @@ public:
     // Moves the table to the Carrier of the selected row's song, marks the song in the
     // record, and colours the search field by whether that Carrier is in the table.
     void SuchenPlaylistTitel();
-    // The folder whose playlists the fifth text tab lists.
-    static QString ListenOrdner();
 
     // The file name of the current playlist with its extension, without a folder; empty
     // until the first new or load.

@@ -183,7 +183,9 @@ void Ausgabebox::Form_Load()
         feldbezeichnungen().BezLaden();
         lastanzeige().LastanzeigeStarten();
         // 19. - 22.
-        filPlaylist->setPath(Playlisten::ListenOrdner());
+        // The playlists are written below the program's folder but listed from beside the
+        // catalogue, where a catalogue kept elsewhere has a folder of its own.
+        filPlaylist->setPath(DatenbankOrdner + QStringLiteral("Playlist"));
         TrackItemHoehe = filTrack->fontMetrics().height() + 2;
         if (filTrack->count() > 0)
             TrackItemHoehe = filTrack->visualItemRect(filTrack->item(0)).height();

@@ -43,6 +43,10 @@ private slots:
         QCOMPARE(Einrichten({programm}), 0);
         const QString demo = programm + "Demo/", katalog = demo + "Demo.db";
         QCOMPARE(ErsteZeile(programm + "PfadErststart.txt"), katalog);
+        // The playlists listed beside the demo are the ones the program writes.
+        QVERIFY(QDir().mkpath(programm + "Playlist"));
+        DateiSchreiben(programm + "Playlist/Abend.txt", "");
+        QVERIFY(QFileInfo::exists(demo + "Playlist/Abend.txt"));
 
         const QStringList baender = KatalogSpalte(katalog, "Band");
         const QStringList titel = KatalogSpalte(katalog, "LPTitel");

@@ -128,8 +128,13 @@ private slots:
                               musik + "Beatles - Help/Yesterday.mp3"}));
         QVERIFY(PlaylistModus);
         QCOMPARE(TrackGespielt.size(), size_t(4));
-        // The tab of the playlists lists the new file; a click there loads it, checked again.
-        QCOMPARE(w->filPlaylist->Path(), Testumgebung::programmOrdner() + "Playlist/");
+        // The tab lists the folder beside the catalogue, which nothing makes; a click there
+        // takes the name and loads from the program's folder, checked again.
+        QVERIFY(w->filPlaylist->Path().startsWith(DatenbankOrdner + "Playlist"));
+        QCOMPARE(w->filPlaylist->count(), 0);
+        QVERIFY(QDir().mkpath(DatenbankOrdner + "Playlist"));
+        DateiSchreiben(DatenbankOrdner + "Playlist/Abend.txt", "/anderswo/Nie.mp3\n");
+        w->filPlaylist->Refresh();
         QCOMPARE(w->filPlaylist->List(0), QString("Abend.txt"));
         liste()->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
         liste()->clear();
@@ -204,19 +209,19 @@ private slots:
         QCOMPARE(Attrappen::dialoge().meldungen().size(), meldungen);
     }
 
-    // A file from Windows: CR LF, Windows-1252, backslashes, and lines that name no file.
+    // A file from Windows: CR LF, Windows-1252, backslashes, a line whose file is missing;
+    // a line without any folder ends the reading with the error box.
     void dateiAusWindows()
     {
         const QString baer = ordner("Bär", {"Lied - 3.mp3"}).chopped(1);
         QByteArray inhalt = "C:\\Musik\\B\xe4nd\\Song.mp3\r\n";
         inhalt += baer.toLatin1() + "/Lied - 3.mp3\r\n";
-        inhalt += "nur ein Wort\r\n";
         inhalt += musik.toLatin1() + "Abba - Arrival/Money.mp3\r\n";
         DateiSchreiben(datei("Windows.txt"), inhalt);
         laden(datei("Windows.txt"));
-        QCOMPARE(zeilen(), (QStringList{"C:\\Musik\\|Bänd\\|Song.mp3", musik + "|Bär/|Lied - 3.mp3", "||nur ein Wort",
+        QCOMPARE(zeilen(), (QStringList{"C:\\Musik\\|Bänd\\|Song.mp3", musik + "|Bär/|Lied - 3.mp3",
                                         musik + "|Abba - Arrival/|Money.mp3"}));
-        // Played with "Alle": the rows that name no file start nothing and are passed over.
+        // Played with "Alle": the row whose file is missing starts nothing and is passed over.
         w->chkAlleTracks->click();
         liste()->setCurrentItem(liste()->topLevelItem(0));
         TrackIndex = 1;
@@ -227,6 +232,18 @@ private slots:
         // Saved back as the platform writes text: UTF-8 and LF.
         pl().PlaylistSpeichern();
         QVERIFY(DateiLesen(datei("Windows.txt")).startsWith("C:\\Musik\\B\xc3\xa4nd\\Song.mp3\n"));
+
+        w->imgStop->click();
+        const int meldungen = Attrappen::dialoge().meldungen().size();
+        DateiSchreiben(datei("Wort.txt"), "C:\\A\\Eins.mp3\r\nnur ein Wort\r\nC:\\A\\Zwei.mp3\r\n");
+        laden(datei("Wort.txt"));
+        QCOMPARE(zeilen(), (QStringList{"C:\\|A\\|Eins.mp3"}));
+        QCOMPARE(Attrappen::dialoge().meldungen().size(), meldungen + 1);
+        QCOMPARE(Attrappen::dialoge().meldungen().last().titel, QString("Ausgabebox_mnuPlaylistLaden_Click"));
+        // The row that stayed plays without a fault.
+        liste()->setCurrentItem(liste()->topLevelItem(0));
+        w->imgStart->click();
+        Attrappen::uhr().vorruecken(1000);
     }
 
     // "Alle" plays the checked rows in order; each start moves the table to the song's

@@ -1,6 +1,7 @@
 // Installer step: sets up the demo collection for a first start. Copies the demo's music
 // and covers into <ProgrammOrdner>Demo/, builds Demo/Demo.db from the template catalogue
-// with the paths of this machine, and leaves PfadErststart.txt pointing at it.
+// with the paths of this machine, links Demo/Playlist to the program's playlists, and
+// leaves PfadErststart.txt pointing at it.
 //
 //   demo-einrichten ORDNER   installs into the given program folder
 //   demo-einrichten          installs into $XDG_DATA_HOME/Rillenkammer/, but only when
@@ -22,6 +23,8 @@
 #include <sqlite3.h>
 
 #include <cstdio>
+
+#include <unistd.h>
 
 namespace {
 
@@ -216,6 +219,10 @@ QString Einrichten(const QString& programmOrdner)
             QFile::remove(neu);
             return {};
         }
+        // The program lists the playlists of the folder beside the catalogue and writes
+        // them into its own: beside the demo that folder is the program's.
+        if (::symlink("../Playlist", QFile::encodeName(demo + QStringLiteral("Playlist")).constData()) != 0)
+            Melden(QStringLiteral("kann %1Playlist nicht anlegen").arg(demo));
     }
     const QString hinweis = programmOrdner + QStringLiteral("PfadErststart.txt");
     if (!QFileInfo::exists(hinweis)) {
