@@ -7,7 +7,6 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Recordset.h"
-#include "catalogue/Textregeln.h"
 #include "platform/Dateikopie.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
@@ -18,6 +17,7 @@
 #include "platform/Textdatei.h"
 #include "playback/Abspieler.h"
 #include "playback/Trackliste.h"
+#include "collections/Suche.h"
 #include "shell/Globale.h"
 #include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
@@ -200,7 +200,7 @@ void Playlisten::mnuPlaylistLaden_Click()
         if (PlaylistAusListe) {
             PlaylistAusListe = false;
             pfad = PlaylistOrdner() + PlaylistName;
-        } else {
+        } else if (!SongBewertungSuche) {
             Dateiauswahl d;
             d.titel = QStringLiteral("Playlist laden");
             d.filter = QStringLiteral("Playlist (*.txt|*.txt|alle Dateien (*.*)|*.*");
@@ -455,95 +455,7 @@ void Playlisten::SuchenPlaylistTitel()
     for (const char* bewertung : {" - 1", " - 2", " - 3", " - 4", " - 5", " - 6"})
         begriff.remove(QLatin1String(bewertung));
     begriff = begriff.toLower();
-    if (begriff.isEmpty() || begriff == u" ")
-        return;
-    Mauszeiger(ZeigerSanduhr);
-    box.tabTexte->setCurrentIndex(0);
-    EreignisseZulassen();
-    SuchfeldFaerben(Farbe::StandardHintergrund);
-    if (vonVorn || begriff != box.LetzterSuchtext || box.SuchZeile == 0)
-        box.SuchZeile = 1;
-    // The walk of the search field, over the rows that hold the song's folder: the
-    // catalogue names them, so that a large table is not read cell by cell.
-    FlexGrid* g = box.MSFlexGrid1;
-    const QString ordner = zeile->text(2) + zeile->text(1);
-    const int musik = g->SpalteSuchen(QStringLiteral("Musikpfad"));
-    const int treffer = musik < 0 || ordner.isEmpty()
-        ? -1
-        : g->ZeileSuchen(QStringLiteral("typeof(%1) <> 'text' OR %1 GLOB ?1").arg(g->SqlName(musik)),
-                         {u'*' + GlobMaskiert(ordner) + u'*'},
-                         [&](int z) {
-                             if (z < box.SuchZeile || !g->TextMatrix(z, musik).contains(ordner))
-                                 return false;
-                             if (z < g->Rows() - 1)
-                                 g->setTopRow(z);
-                             // A row that is current already moves the record only where
-                             // the record stands elsewhere.
-                             if (g->Row() != z)
-                                 g->setRow(z);
-                             else if (box.Data1->recordset() && box.Data1->recordset()->AbsolutePosition() != z - 1)
-                                 box.Data1->setAbsolutePosition(z - 1);
-                             return DatensatzZeigtBegriff(begriff);
-                         });
-    if (treffer >= 1) {
-        box.SuchZeile = treffer + 1;
-        box.LetzterSuchtext = begriff;
-        SuchfeldFaerben(0xC0FFC0);
-    } else {
-        SuchfeldFaerben(0xC0C0FF);
-        box.txtSuchen->selectAll();
-        box.LetzterSuchtext.clear();
-        box.SuchZeile = 1;
-    }
-    Mauszeiger(ZeigerStandard);
-}
-
-bool Playlisten::DatensatzZeigtBegriff(const QString& begriff)
-{
-    bool treffer = false;
-    for (const Textfeld* feld : {box.TextBand, box.TextKaufdatum, box.TextLPTitel, box.TextPreis, box.TextMedium,
-                                 box.TextPlattenfirma, box.TextBestellNr, box.TextInfo, box.TextStil,
-                                 box.TextMusikpfad})
-        if (feld->text().toLower().contains(begriff)) {
-            treffer = true;
-            break;
-        }
-    treffer = treffer || box.cboEbook->currentText().toLower().contains(begriff);
-    // The song in the Track list. The player's index stays with the playlist's row.
-    box.filTrack->clearSelection();
-    for (int i = 0; i < box.filTrack->count(); ++i)
-        if (box.filTrack->List(i).toLower().contains(begriff)) {
-            box.filTrack->setSelected(i, true);
-            box.filTrack->scrollToItem(box.filTrack->item(i));
-            TextMarkieren(box.TextSongs, begriff);
-            treffer = true;
-        }
-    // The panes lie under the list while it shows: the term is marked without taking the
-    // focus there, and the tab of the last pane that holds it is chosen.
-    const std::pair<QTextEdit*, int> seiten[] = {{box.rtfLinks, 1}, {box.rtfInfo, 2}, {box.rtfSonstiges, 3}};
-    for (const auto& [text, reiter] : seiten)
-        if (TextMarkieren(text, begriff)) {
-            box.tabTexte->setCurrentIndex(reiter);
-            treffer = true;
-        }
-    return treffer;
-}
-
-bool Playlisten::TextMarkieren(QTextEdit* text, const QString& begriff)
-{
-    const qsizetype stelle = text->toPlainText().indexOf(begriff, 0, Qt::CaseInsensitive);
-    if (stelle < 0)
-        return false;
-    QTextCursor c(text->document());
-    c.setPosition(int(stelle));
-    c.setPosition(int(stelle + begriff.size()), QTextCursor::KeepAnchor);
-    text->setTextCursor(c);
-    return true;
-}
-
-void Playlisten::SuchfeldFaerben(qint64 farbe)
-{
-    QPalette p = box.txtSuchen->palette();
-    p.setColor(QPalette::Base, NummerFarbe(farbe));
-    box.txtSuchen->setPalette(p);
+    // The walk of the search field, silent on a miss: the field's colour tells whether the
+    // song's Carrier is in the table.
+    box.suche().TabelleDurchsuchenNach(begriff, false, vonVorn);
 }

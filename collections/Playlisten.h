@@ -15,6 +15,8 @@ class QTreeWidgetItem;
 
 class Playlisten : public Teilbereich {
 public:
+    // Where the playlists are read and written.
+    static QString PlaylistOrdner();
     using Teilbereich::Teilbereich;
     void verbinden() override;
 
@@ -52,8 +54,6 @@ protected:
     bool eventFilter(QObject* objekt, QEvent* ereignis) override;
 
 private:
-    // Where the playlists are read and written.
-    static QString PlaylistOrdner();
     // A row of the list for the path of a song, checked.
     static QTreeWidgetItem* ZeileAnlegen(const QString& pfad);
     // Column 3 + column 2 + column 1.
@@ -66,10 +66,6 @@ private:
     void MarkenAnlegen();
     // The list shows in the place of the text tabs.
     void ListeZeigen(bool zeigen);
-    // The walk's test of the record it moved to; true when the term shows in it.
-    bool DatensatzZeigtBegriff(const QString& begriff);
-    static bool TextMarkieren(QTextEdit* text, const QString& begriff);
-    void SuchfeldFaerben(qint64 farbe);
     // The list's events.
     void lvwPlaylist_Click();
     void lvwPlaylist_GotFocus();

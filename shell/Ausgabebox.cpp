@@ -15,6 +15,7 @@
 #include "catalogue/Werkzeugleiste.h"
 #include "collections/Abspielausschluss.h"
 #include "collections/Playlisten.h"
+#include "collections/Suche.h"
 #include "collections/SqlKonsole.h"
 #include "media/Coververwaltung.h"
 #include "media/Textfenster.h"
@@ -90,6 +91,7 @@ void Ausgabebox::TeileAnlegen()
     m_schlafmodus = new Schlafmodus(*this);
     m_playlisten = new Playlisten(*this);
     m_sqlKonsole = new SqlKonsole(*this);
+    m_suche = new Suche(*this);
     m_abspielausschluss = new Abspielausschluss(*this);
     m_coververwaltung = new Coververwaltung(*this);
     m_textfenster = new Textfenster(*this);
@@ -99,7 +101,7 @@ void Ausgabebox::TeileAnlegen()
     for (Teilbereich* teil : std::initializer_list<Teilbereich*>{
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
-             m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_abspielausschluss,
+             m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
              m_coververwaltung, m_textfenster, m_schwesterprogramme, m_lastanzeige})
         teil->verbinden();
 }

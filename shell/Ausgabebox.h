@@ -49,6 +49,7 @@ public:
     class Schlafmodus& schlafmodus() const { return *m_schlafmodus; }
     class Playlisten& playlisten() const { return *m_playlisten; }
     class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
+    class Suche& suche() const { return *m_suche; }
     class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
     class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
     class Textfenster& textfenster() const { return *m_textfenster; }
@@ -97,6 +98,7 @@ private:
     class Schlafmodus* m_schlafmodus = nullptr;
     class Playlisten* m_playlisten = nullptr;
     class SqlKonsole* m_sqlKonsole = nullptr;
+    class Suche* m_suche = nullptr;
     class Abspielausschluss* m_abspielausschluss = nullptr;
     class Coververwaltung* m_coververwaltung = nullptr;
     class Textfenster* m_textfenster = nullptr;

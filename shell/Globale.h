@@ -20,6 +20,12 @@ extern std::vector<int> TrackGespielt;
 extern QString SuchAbfrage;
 extern QString ErsetzenDurch;
 extern QString SqlAnweisung;
+// The search: the text to replace and the captions of the columns it is replaced in
+// (both empty without a replacement), and the search by song rating with its pattern.
+extern QString SuchenNach;
+extern QString Suchspalten;
+extern bool SongBewertungSuche;
+extern QString SongBewertungText;
 // Table layout flags.
 extern bool TabelleNichtAnordnen;
 extern bool AutosizeLaeuft;

@@ -52,8 +52,11 @@ class TestPlaylist : public QObject {
         musik = Testordner(QStringLiteral("pl%1").arg(++lauf));
         const QString abba = ordner("Abba - Arrival", {"Dancing Queen - 5.mp3", "Money.mp3"});
         const QString beatles = ordner("Beatles - Help", {"Help - 4.mp3", "Yesterday.mp3"});
-        FensterStarten(w, {.zeilen = {Zeilenwerte{{"Band", "Abba"}, {"LPTitel", "Arrival"}, {"Musikpfad", abba}},
-                                      Zeilenwerte{{"Band", "Beatles"}, {"LPTitel", "Help!"}, {"Musikpfad", beatles}},
+        // The walk to a song's Carrier finds it by a cell that holds the song: its song list.
+        FensterStarten(w, {.zeilen = {Zeilenwerte{{"Band", "Abba"}, {"LPTitel", "Arrival"}, {"Musikpfad", abba},
+                                                  {"Songs", "{\\rtf1 Dancing Queen\\par Money\\par}"}},
+                                      Zeilenwerte{{"Band", "Beatles"}, {"LPTitel", "Help!"}, {"Musikpfad", beatles},
+                                                  {"Songs", "{\\rtf1 Help\\par Yesterday\\par}"}},
                                       Zeilenwerte{{"Band", "Cream"}}},
                            .einstellungen = {{"WinMediaPlayer", "False"}}});
         w->MSFlexGrid1->setRow(3);
