@@ -391,6 +391,22 @@ bool DeutschKopf(const char* text, int laenge, quint64& kopf)
     return true;
 }
 
+QString GlobOhneGrossKlein(const QString& text)
+{
+    QString muster;
+    muster.reserve(text.size() * 4 + 8);
+    for (const QChar c : text) {
+        const QChar gross = c.toUpper(), klein = c.toLower();
+        if (c == u'*' || c == u'?' || c == u'[' || c == u']')
+            muster += u'[' + QString(c) + u']';
+        else if (gross != klein)
+            muster += u'[' + QString(klein) + QString(gross) + u']';
+        else
+            muster += c;
+    }
+    return muster;
+}
+
 QString GlobMaskiert(const QString& text)
 {
     QString muster;

@@ -17,6 +17,9 @@ bool DeutschKopf(const char* text, int laenge, quint64& kopf);
 
 // The text as a pattern of SQLite's GLOB that stands for exactly this text.
 QString GlobMaskiert(const QString& text);
+// The text for GLOB with each letter in both cases: a caseless "contains" that SQLite
+// runs without a function of ours.
+QString GlobOhneGrossKlein(const QString& text);
 // Jet's like: * ? # [list] [!list], caseless for all letters including umlauts.
 bool JetLike(const QString& muster, const QString& text);
 // The same on UTF-8 bytes; escape is a code point that makes the next one literal, or 0.

@@ -8,6 +8,7 @@
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
 #include "catalogue/Katalogdatei.h"
+#include "catalogue/Textregeln.h"
 #include "collections/Playlisten.h"
 #include "collections/Suchanfrage.h"
 #include "collections/Suchbox.h"
@@ -263,8 +264,9 @@ bool Suche::TabelleDurchsuchenNach(const QString& begriff, bool mitTon, bool von
     // table is not read cell by cell; each is then looked at as the table shows it.
     QStringList klauseln;
     for (int c = 0; c < g->Cols(); ++c)
-        klauseln << QStringLiteral("instr(lcase(%1), ?1) > 0").arg(g->SqlName(c));
-    const int treffer = g->ZeileSuchen(klauseln.join(QStringLiteral(" OR ")), {begriff}, [&](int z) {
+        klauseln << g->SqlName(c) + QStringLiteral(" GLOB ?1");
+    const QString muster = u'*' + GlobOhneGrossKlein(begriff) + u'*';
+    const int treffer = g->ZeileSuchen(klauseln.join(QStringLiteral(" OR ")), {muster}, [&](int z) {
         if (z < box.SuchZeile)
             return false;
         bool zelle = false;
