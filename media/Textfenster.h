@@ -5,6 +5,7 @@
 // that a marked text names.
 //
 // The formatting commands live in TextfensterFormat.cpp.
+#include "media/Textformat.h"
 #include "shell/Teilbereich.h"
 
 #include <QColor>
@@ -69,11 +70,7 @@ private:
     void SchriftWaehlen(QTextEdit* text);
     void FarbeWaehlen(QTextEdit* text);
     void StandardschriftSetzen(QTextEdit* text);
-    void ZeichenUmschalten(QTextEdit* text, const std::function<bool(const QTextCharFormat&)>& gesetzt,
-                           const std::function<void(QTextCharFormat&, bool)>& setzen);
     void VersatzSetzen(QTextEdit* text, int twips);
-    void Aufzaehlung(QTextEdit* text);
-    void Ausrichten(QTextEdit* text, Qt::Alignment ausrichtung);
     void RandSetzen(bool links);
     void TextSuchen(QTextEdit* text, bool weiter);
 
@@ -81,7 +78,6 @@ private:
     QFont m_dialogSchrift;
     bool m_dialogSchriftDa = false; // the dialog has had a font
     QColor m_dialogFarbe = Qt::black;
-    // The search in the song panes: the text and the position (from 1) where the next begins.
-    QString m_suchText;
-    qsizetype m_suchStart = 1;
+    // The search in the song panes.
+    Volltextsuche m_suche;
 };
