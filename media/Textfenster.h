@@ -10,6 +10,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPointer>
 #include <QString>
 
 #include <functional>
@@ -47,6 +48,8 @@ public:
     void mnuStandardschriftEinstellen_Click();
     void cmdTextBig_Click();
     void cmdTextSmall_Click();
+    // Opens the text viewer, or brings the open one to the front.
+    void mnuTexteditor_Click();
     // The program font to TextBand, and what TextBand got to the other fields of the view.
     void ProgrammschriftAnwenden(const QString& name, double groesse);
 
@@ -80,4 +83,6 @@ private:
     QColor m_dialogFarbe = Qt::black;
     // The search in the song panes.
     Volltextsuche m_suche;
+    // The text viewer while it is open.
+    QPointer<class frmEditor> m_editor;
 };
