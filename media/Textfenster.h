@@ -13,10 +13,7 @@
 #include <QPointer>
 #include <QString>
 
-#include <functional>
-
 class QKeyEvent;
-class QTextCharFormat;
 class QTextEdit;
 
 class Textfenster : public Teilbereich {

@@ -13,6 +13,7 @@
 #include <QTextEdit>
 #include <QTextList>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
