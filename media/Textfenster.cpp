@@ -3,6 +3,7 @@
 #include "shell/Ausgabebox.h"
 
 #include "catalogue/FlexGrid.h"
+#include "media/frmEditor.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -77,6 +78,7 @@ void Textfenster::verbinden()
     BefehlVerbinden(box.mnuWeblink, this, [this] { mnuWeblink_Click(); });
     BefehlVerbinden(box.mnuProgSchrift, this, [this] { mnuProgSchrift_Click(); });
     BefehlVerbinden(box.mnuStandardschriftEinstellen, this, [this] { mnuStandardschriftEinstellen_Click(); });
+    BefehlVerbinden(box.mnuTexteditor, this, [this] { mnuTexteditor_Click(); });
 }
 
 void Textfenster::TextseiteZeigen()
@@ -220,6 +222,17 @@ void Textfenster::cmdTextSmall_Click()
         AusgabeboxSteuerelemente::Platz(b, Twips(b->x()), 4050, Twips(b->width()), Twips(b->height()));
     for (int i : {0, 1, 3})
         box.Bez[i]->show();
+}
+
+void Textfenster::mnuTexteditor_Click()
+{
+    if (!m_editor) {
+        m_editor = new frmEditor(&box);
+        m_editor->Form_Load();
+    }
+    m_editor->show();
+    m_editor->raise();
+    m_editor->activateWindow();
 }
 
 QString Textfenster::MarkierterText() const

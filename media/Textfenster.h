@@ -5,16 +5,15 @@
 // that a marked text names.
 //
 // The formatting commands live in TextfensterFormat.cpp.
+#include "media/Textformat.h"
 #include "shell/Teilbereich.h"
 
 #include <QColor>
 #include <QFont>
+#include <QPointer>
 #include <QString>
 
-#include <functional>
-
 class QKeyEvent;
-class QTextCharFormat;
 class QTextEdit;
 
 class Textfenster : public Teilbereich {
@@ -46,6 +45,8 @@ public:
     void mnuStandardschriftEinstellen_Click();
     void cmdTextBig_Click();
     void cmdTextSmall_Click();
+    // Opens the text viewer, or brings the open one to the front.
+    void mnuTexteditor_Click();
     // The program font to TextBand, and what TextBand got to the other fields of the view.
     void ProgrammschriftAnwenden(const QString& name, double groesse);
 
@@ -69,11 +70,7 @@ private:
     void SchriftWaehlen(QTextEdit* text);
     void FarbeWaehlen(QTextEdit* text);
     void StandardschriftSetzen(QTextEdit* text);
-    void ZeichenUmschalten(QTextEdit* text, const std::function<bool(const QTextCharFormat&)>& gesetzt,
-                           const std::function<void(QTextCharFormat&, bool)>& setzen);
     void VersatzSetzen(QTextEdit* text, int twips);
-    void Aufzaehlung(QTextEdit* text);
-    void Ausrichten(QTextEdit* text, Qt::Alignment ausrichtung);
     void RandSetzen(bool links);
     void TextSuchen(QTextEdit* text, bool weiter);
 
@@ -81,7 +78,8 @@ private:
     QFont m_dialogSchrift;
     bool m_dialogSchriftDa = false; // the dialog has had a font
     QColor m_dialogFarbe = Qt::black;
-    // The search in the song panes: the text and the position (from 1) where the next begins.
-    QString m_suchText;
-    qsizetype m_suchStart = 1;
+    // The search in the song panes.
+    Volltextsuche m_suche;
+    // The text viewer while it is open.
+    QPointer<class frmEditor> m_editor;
 };

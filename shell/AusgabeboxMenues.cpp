@@ -151,6 +151,8 @@ const Menuezeile Menues[] = {
     Eintrag(&S::mnuDeeplWrite, "mnuDeeplWrite", "DeepL Write", Qt::SHIFT | Qt::Key_F8),
     Trenner(),
     Eintrag(&S::mnuExtraHelp, "mnuExtraHelp", "&Hilfe"),
+    Trenner(),
+    Eintrag(&S::mnuTexteditor, "mnuTexteditor", "Texteditor..."),
     Menue(&S::mnuOptionen, "mnuOptionen", "&Optionen"),
     Eintrag(&S::mnuStilrichtungAusschliessen, "mnuStilrichtungAusschliessen", "Stilrichtung &ausschließen..."),
     Eintrag(&S::mnuBandAusschliessen, "mnuBandAusschliessen", "Band ausschließen..."),

@@ -251,6 +251,7 @@ struct AusgabeboxSteuerelemente {
     QAction* mnuTranslation = nullptr;
     QAction* mnuDeeplWrite = nullptr;
     QAction* mnuExtraHelp = nullptr;
+    QAction* mnuTexteditor = nullptr;
 
     QAction* mnuStilrichtungAusschliessen = nullptr;
     QAction* mnuBandAusschliessen = nullptr;

@@ -120,6 +120,8 @@ QIcon gezeichnet(const QString& name)
         return absatz(Qt::AlignLeft, true);
     if (name == u"weitersuchen")
         return zeichen(QStringLiteral("»"), schrift(18, true));
+    if (name == u"alles_markieren")
+        return zeichen(QStringLiteral("▣"), schrift(17));
     if (name == u"sql")
         return zeichen(QStringLiteral("SQL"), schrift(9, true));
     if (name == u"link")
