@@ -8,6 +8,7 @@
 #include "collections/Playlisten.h"
 #include "collections/SqlKonsole.h"
 #include "media/Textfenster.h"
+#include "media/Uebersetzung.h"
 #include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
@@ -28,6 +29,8 @@ void Werkzeugleiste::verbinden()
         {13, [this] { box.textfenster().mnuSongTextEinAus_Click(); }},
         {16, [this] { box.tabellenansicht().mnuTabelleAutosize_Click(); }},
         {18, [this] { box.textfenster().mnuWeblink_Click(); }},
+        {19, [this] { box.uebersetzung().mnuTranslation_Click(); }},
+        {20, [this] { box.uebersetzung().mnuDeeplWrite_Click(); }},
     };
     for (int i = 0; i < 21; ++i) {
         const auto it = werkzeuge.find(i);

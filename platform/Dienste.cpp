@@ -3,6 +3,7 @@
 #include "platform/Dialogdienst.h"
 #include "platform/Medien.h"
 #include "platform/Energie.h"
+#include "platform/Sprachausgabe.h"
 #include "platform/Uhr.h"
 
 #include <QDesktopServices>
@@ -99,6 +100,15 @@ Energie& Dienste::energie()
 }
 
 void Dienste::setzeEnergie(std::unique_ptr<Energie> e) { m_energie = std::move(e); }
+
+Sprachausgabe& Dienste::sprachausgabe()
+{
+    if (!m_sprachausgabe)
+        m_sprachausgabe = EchteSprachausgabeErzeugen();
+    return *m_sprachausgabe;
+}
+
+void Dienste::setzeSprachausgabe(std::unique_ptr<Sprachausgabe> s) { m_sprachausgabe = std::move(s); }
 
 Dialogdienst& Dienste::dialoge()
 {

@@ -9,6 +9,7 @@
 class Dialogdienst;
 class Medien;
 class Energie;
+class Sprachausgabe;
 class Uhr;
 
 class Zufall {
@@ -61,6 +62,8 @@ public:
     Medien& medien();
     // Switching the computer off (the sleep timer).
     Energie& energie();
+    // Reading text aloud.
+    Sprachausgabe& sprachausgabe();
 
     void setzeDialoge(std::unique_ptr<Dialogdienst> d);
     void setzeUhr(std::unique_ptr<Uhr> u);
@@ -71,6 +74,7 @@ public:
     void setzeProzess(std::unique_ptr<Prozess> p);
     void setzeMedien(std::unique_ptr<Medien> m);
     void setzeEnergie(std::unique_ptr<Energie> e);
+    void setzeSprachausgabe(std::unique_ptr<Sprachausgabe> s);
 
 private:
     Dienste();
@@ -84,6 +88,7 @@ private:
     std::unique_ptr<Prozess> m_prozess;
     std::unique_ptr<Medien> m_medien;
     std::unique_ptr<Energie> m_energie;
+    std::unique_ptr<Sprachausgabe> m_sprachausgabe;
 };
 
 inline Dienste& D() { return Dienste::instanz(); }

@@ -19,6 +19,7 @@
 #include "collections/SqlKonsole.h"
 #include "media/Coververwaltung.h"
 #include "media/Textfenster.h"
+#include "media/Uebersetzung.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Einheiten.h"
@@ -95,6 +96,7 @@ void Ausgabebox::TeileAnlegen()
     m_abspielausschluss = new Abspielausschluss(*this);
     m_coververwaltung = new Coververwaltung(*this);
     m_textfenster = new Textfenster(*this);
+    m_uebersetzung = new Uebersetzung(*this);
     m_schwesterprogramme = new Schwesterprogramme(*this);
     m_lastanzeige = new Lastanzeige(*this);
     // Wired once all are there, so that a part may call another while it wires itself.
@@ -102,7 +104,7 @@ void Ausgabebox::TeileAnlegen()
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
-             m_coververwaltung, m_textfenster, m_schwesterprogramme, m_lastanzeige})
+             m_coververwaltung, m_textfenster, m_uebersetzung, m_schwesterprogramme, m_lastanzeige})
         teil->verbinden();
 }
 

@@ -53,6 +53,7 @@ public:
     class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
     class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
     class Textfenster& textfenster() const { return *m_textfenster; }
+    class Uebersetzung& uebersetzung() const { return *m_uebersetzung; }
     class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
     class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
 
@@ -102,6 +103,7 @@ private:
     class Abspielausschluss* m_abspielausschluss = nullptr;
     class Coververwaltung* m_coververwaltung = nullptr;
     class Textfenster* m_textfenster = nullptr;
+    class Uebersetzung* m_uebersetzung = nullptr;
     class Schwesterprogramme* m_schwesterprogramme = nullptr;
     class Lastanzeige* m_lastanzeige = nullptr;
 };

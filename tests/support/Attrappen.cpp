@@ -336,6 +336,7 @@ PapierkorbAttrappe* s_papierkorb;
 ProzessAttrappe* s_prozess;
 MedienAttrappe* s_medien;
 EnergieAttrappe* s_energie;
+SprachausgabeAttrappe* s_sprachausgabe;
 
 template <class T, class Setzer>
 T* einsetzen(Setzer setzer)
@@ -356,6 +357,7 @@ PapierkorbAttrappe& Attrappen::papierkorb() { return *s_papierkorb; }
 ProzessAttrappe& Attrappen::prozess() { return *s_prozess; }
 MedienAttrappe& Attrappen::medien() { return *s_medien; }
 EnergieAttrappe& Attrappen::energie() { return *s_energie; }
+SprachausgabeAttrappe& Attrappen::sprachausgabe() { return *s_sprachausgabe; }
 
 void Attrappen::installieren()
 {
@@ -370,6 +372,7 @@ void Attrappen::installieren()
     s_prozess = einsetzen<ProzessAttrappe>(&Dienste::setzeProzess);
     s_medien = einsetzen<MedienAttrappe>(&Dienste::setzeMedien);
     s_energie = einsetzen<EnergieAttrappe>(&Dienste::setzeEnergie);
+    s_sprachausgabe = einsetzen<SprachausgabeAttrappe>(&Dienste::setzeSprachausgabe);
 }
 
 void Attrappen::leeren()
@@ -381,4 +384,5 @@ void Attrappen::leeren()
     klang().gespielt.clear();
     prozess().beendet.clear();
     energie() = EnergieAttrappe();
+    sprachausgabe() = SprachausgabeAttrappe();
 }

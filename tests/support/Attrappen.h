@@ -5,6 +5,7 @@
 #include "platform/Dienste.h"
 #include "platform/Medien.h"
 #include "platform/Energie.h"
+#include "platform/Sprachausgabe.h"
 #include "platform/Uhr.h"
 
 #include <QHash>
@@ -138,6 +139,29 @@ public:
     }
 };
 
+// A speech engine that records what it was to say instead of saying it.
+class SprachausgabeAttrappe : public Sprachausgabe {
+public:
+    struct Ansage {
+        QString text;
+        QString stimme;
+        double tempo = 0.0;
+    };
+    bool da = true; // false: no engine installed
+    QStringList namen{QStringLiteral("Erste Stimme"), QStringLiteral("Zweite Stimme")};
+    QList<Ansage> gesagt;
+    bool verfuegbar() override { return da; }
+    QStringList stimmen() override { return da ? namen : QStringList(); }
+    bool sprechen(const QString& text, const QString& stimme, double tempo) override
+    {
+        if (!da)
+            return false;
+        gesagt << Ansage{text, stimme, tempo};
+        return true;
+    }
+    bool spricht() override { return false; }
+};
+
 // Records the end of the process instead of ending it.
 class ProzessAttrappe : public Prozess {
 public:
@@ -232,9 +256,10 @@ struct Attrappen {
     static ProzessAttrappe& prozess();
     static MedienAttrappe& medien();
     static EnergieAttrappe& energie();
+    static SprachausgabeAttrappe& sprachausgabe();
     // Installs fresh doubles for every service.
     static void installieren();
     // Forgets the answers and records of the dialogs, the media, the shell, the trash,
-    // the sounds, the process end and the energy service; the clock runs on.
+    // the sounds, the process end, the energy and the speech service; the clock runs on.
     static void leeren();
 };
