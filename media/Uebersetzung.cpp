@@ -23,9 +23,7 @@ void Uebersetzung::verbinden()
 {
     BefehlVerbinden(box.mnuTranslation, this, [this] { mnuTranslation_Click(); });
     BefehlVerbinden(box.mnuDeeplWrite, this, [this] { mnuDeeplWrite_Click(); });
-    mnuUebersetzenVorlesen = box.mnuExtras->addAction(u"Übersetzen und Vorlesen..."_s);
-    mnuUebersetzenVorlesen->setObjectName(u"mnuUebersetzenVorlesen"_s);
-    BefehlVerbinden(mnuUebersetzenVorlesen, this, [this] { mnuUebersetzenVorlesen_Click(); });
+    BefehlVerbinden(box.mnuUebersetzenVorlesen, this, [this] { mnuUebersetzenVorlesen_Click(); });
 }
 
 void Uebersetzung::mnuTranslation_Click() { TextZurSeite(u"/translate/"_s); }

@@ -17,9 +17,6 @@ public:
     // Opens the translation window.
     void mnuUebersetzenVorlesen_Click();
 
-    // The entry at the end of the Extras menu that opens the translation window.
-    QAction* mnuUebersetzenVorlesen = nullptr;
-
 private:
     // Opens the page under that path and puts the marked text on the clipboard.
     void TextZurSeite(const QString& pfad);

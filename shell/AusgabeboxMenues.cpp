@@ -153,6 +153,7 @@ const Menuezeile Menues[] = {
     Eintrag(&S::mnuExtraHelp, "mnuExtraHelp", "&Hilfe"),
     Trenner(),
     Eintrag(&S::mnuTexteditor, "mnuTexteditor", "Texteditor..."),
+    Eintrag(&S::mnuUebersetzenVorlesen, "mnuUebersetzenVorlesen", "Übersetzen und Vorlesen..."),
     Menue(&S::mnuOptionen, "mnuOptionen", "&Optionen"),
     Eintrag(&S::mnuStilrichtungAusschliessen, "mnuStilrichtungAusschliessen", "Stilrichtung &ausschließen..."),
     Eintrag(&S::mnuBandAusschliessen, "mnuBandAusschliessen", "Band ausschließen..."),

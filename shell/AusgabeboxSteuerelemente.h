@@ -252,6 +252,7 @@ struct AusgabeboxSteuerelemente {
     QAction* mnuDeeplWrite = nullptr;
     QAction* mnuExtraHelp = nullptr;
     QAction* mnuTexteditor = nullptr;
+    QAction* mnuUebersetzenVorlesen = nullptr;
 
     QAction* mnuStilrichtungAusschliessen = nullptr;
     QAction* mnuBandAusschliessen = nullptr;

@@ -291,7 +291,7 @@ private slots:
     {
         std::unique_ptr<Ausgabebox> w;
         FensterStarten(w, {.zeilen = {{{"Band", "Abba"}}}});
-        QCOMPARE(w->mnuExtras->actions().last(), w->mnuTexteditor);
+        QCOMPARE(w->mnuExtras->actions().at(w->mnuExtras->actions().size() - 2), w->mnuTexteditor);
         QCOMPARE(w->mnuTexteditor->text(), u"Texteditor..."_s);
         QVERIFY(w->mnuTexteditor->isEnabled());
         w->mnuTexteditor->trigger();

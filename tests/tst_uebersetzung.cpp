@@ -279,7 +279,7 @@ private slots:
         starten();
         QAction* eintrag = w->mnuExtras->actions().last();
         QCOMPARE(eintrag->text(), u"Übersetzen und Vorlesen..."_s);
-        QCOMPARE(eintrag, w->uebersetzung().mnuUebersetzenVorlesen);
+        QCOMPARE(eintrag, w->mnuUebersetzenVorlesen);
         QVERIFY(eintrag->isEnabled());
         QString titel;
         ModalBedienen([&titel](QDialog* d) {
