@@ -20,10 +20,11 @@ public:
     // vonVorn and stays silent on a miss. True when a row was found.
     bool TabelleDurchsuchenNach(const QString& begriff, bool mitTon, bool vonVorn = false);
 
-private:
-    // Rewrites the values of the searched columns in one transaction; the number of
-    // records changed, or -1 when Esc undid them.
+    // Rewrites the values of the searched columns of the table's rows in one transaction;
+    // the number of records changed, or -1 when Esc undid them.
     int Ersetzen();
+
+private:
     void SongBewertungSuchen(int spalteStil);
     bool DatensatzZeigtBegriff(const QString& begriff);
     static bool TextMarkieren(QTextEdit* text, const QString& begriff);

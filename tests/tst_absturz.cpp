@@ -2,14 +2,17 @@
 // loop and is killed (SIGKILL) at a random moment; the catalogue must then be intact and
 // hold each row either in its old or in its new state, never half.
 //
-// Started with "--kind speichern|loeschen <catalogue>" the program is the child.
+// Started with "--kind speichern|loeschen|ersetzen <catalogue>" the program is the child.
 #include "support/Katalog.h"
 #include "support/Testumgebung.h"
 
 #include "catalogue/Datensatzbearbeitung.h"
+#include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "collections/Suche.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
+#include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 
 #include <QProcess>
@@ -46,6 +49,13 @@ int kindLaufen(const QString& art, const QString& katalog)
             w.TextInfo->setText(marke);
             w.TextMedium->setText(marke);
             w.datensatzbearbeitung().MenuSpeichern_Click();
+        } else if (art == u"ersetzen") {
+            // The whole column one way, then back: a kill between two rows would part them.
+            Suchspalten = QStringLiteral("Info");
+            SuchenNach = runde % 2 ? QStringLiteral("Ersetzt") : QStringLiteral("Info");
+            ErsetzenDurch = runde % 2 ? QStringLiteral("Info") : QStringLiteral("Ersetzt");
+            w.suche().Ersetzen();
+            w.Data1->Refresh();
         } else {
             if (g->Rows() <= 8)
                 QThread::sleep(10);
@@ -85,6 +95,7 @@ private slots:
         QTest::addColumn<QString>("art");
         QTest::newRow("speichern") << "speichern";
         QTest::newRow("loeschen") << "loeschen";
+        QTest::newRow("ersetzen") << "ersetzen";
     }
 
     // The child is started, works a random while and is killed; each row must then be
@@ -120,6 +131,15 @@ private slots:
             const QStringList info = KatalogSpalte(katalog, "Info"), medium = KatalogSpalte(katalog, "Medium");
             QVERIFY(baender.size() == Zeilen || (art == u"loeschen" && !baender.isEmpty() && baender.size() < Zeilen));
             QCOMPARE(QSet<QString>(baender.begin(), baender.end()).size(), baender.size());
+            if (art == u"ersetzen") {
+                // One replacement is one transaction: every row in the same state.
+                const QSet<QString> stand(info.begin(), info.end());
+                const bool vorher = std::all_of(info.begin(), info.end(), [](const QString& t) { return t.endsWith(" Info"); });
+                const bool nachher =
+                    std::all_of(info.begin(), info.end(), [](const QString& t) { return t.endsWith(" Ersetzt"); });
+                QVERIFY2(vorher || nachher, qPrintable(QStringList(stand.begin(), stand.end()).mid(0, 4).join(", ")));
+                continue;
+            }
             int neue = 0;
             for (int i = 0; i < baender.size(); ++i) {
                 const bool alt = info[i] == baender[i] + " Info" && medium[i] == baender[i] + " Medium";
