@@ -44,10 +44,10 @@ Suchbox::Suchbox(QWidget* eltern)
     // Beside "Songs-" the box reads as one label with it: "Songs-Bewertung".
     chkBewertungSong = new QCheckBox(QStringLiteral("Bewertung"), rahmen);
     chkBewertungSong->setObjectName(QStringLiteral("chkBewertungSong"));
-    spalten->addWidget(chkBewertungSong, SpalteSongsBox % 7, 3);
+    spalten->addWidget(chkBewertungSong, SpalteSongsBox % 7, 1);
     chkSpaltennameAlle = new QCheckBox(QStringLiteral("Alle"), rahmen);
     chkSpaltennameAlle->setObjectName(QStringLiteral("chkSpaltennameAlle"));
-    spalten->addWidget(chkSpaltennameAlle, 6, 2);
+    spalten->addWidget(chkSpaltennameAlle, 6, 3);
 
     auto* sterne = new QHBoxLayout;
     for (int i = 0; i < imgStern.Anzahl(); ++i) {
