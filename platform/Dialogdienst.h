@@ -38,6 +38,8 @@ struct Dateiauswahl {
     bool mehrfach = false;
     // Off where the caller refuses an existing file itself, so that only one question comes.
     bool ueberschreibenFragen = true;
+    // Receives the filter the user left chosen (from 1), where the caller acts on it.
+    int* filterGewaehlt = nullptr;
 };
 
 struct Schriftauswahl {

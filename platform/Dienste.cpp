@@ -2,6 +2,7 @@
 
 #include "platform/Dialogdienst.h"
 #include "platform/Medien.h"
+#include "platform/Scanner.h"
 #include "platform/Energie.h"
 #include "platform/Sprachausgabe.h"
 #include "platform/Uhr.h"
@@ -109,6 +110,15 @@ Sprachausgabe& Dienste::sprachausgabe()
 }
 
 void Dienste::setzeSprachausgabe(std::unique_ptr<Sprachausgabe> s) { m_sprachausgabe = std::move(s); }
+
+Scanner& Dienste::scanner()
+{
+    if (!m_scanner)
+        m_scanner = SaneScanner();
+    return *m_scanner;
+}
+
+void Dienste::setzeScanner(std::unique_ptr<Scanner> s) { m_scanner = std::move(s); }
 
 Dialogdienst& Dienste::dialoge()
 {

@@ -9,6 +9,7 @@
 class Dialogdienst;
 class Medien;
 class Energie;
+class Scanner;
 class Sprachausgabe;
 class Uhr;
 
@@ -64,6 +65,8 @@ public:
     Energie& energie();
     // Reading text aloud.
     Sprachausgabe& sprachausgabe();
+    // Pictures from a scanner.
+    Scanner& scanner();
 
     void setzeDialoge(std::unique_ptr<Dialogdienst> d);
     void setzeUhr(std::unique_ptr<Uhr> u);
@@ -75,6 +78,7 @@ public:
     void setzeMedien(std::unique_ptr<Medien> m);
     void setzeEnergie(std::unique_ptr<Energie> e);
     void setzeSprachausgabe(std::unique_ptr<Sprachausgabe> s);
+    void setzeScanner(std::unique_ptr<Scanner> s);
 
 private:
     Dienste();
@@ -89,6 +93,7 @@ private:
     std::unique_ptr<Medien> m_medien;
     std::unique_ptr<Energie> m_energie;
     std::unique_ptr<Sprachausgabe> m_sprachausgabe;
+    std::unique_ptr<Scanner> m_scanner;
 };
 
 inline Dienste& D() { return Dienste::instanz(); }

@@ -112,8 +112,11 @@ QString EchterDialogdienst::Datei(const Dateiauswahl& d)
         dialog->selectFile(d.dateiname);
     const bool ok = dialog->exec() == QDialog::Accepted;
     QString ergebnis;
-    if (dialog && ok)
+    if (dialog && ok) {
         ergebnis = dialog->selectedFiles().join(u'\n');
+        if (d.filterGewaehlt)
+            *d.filterGewaehlt = int(filter.indexOf(dialog->selectedNameFilter())) + 1;
+    }
     delete dialog;
     return ergebnis;
 }

@@ -38,6 +38,8 @@ QString DialogAttrappe::Datei(const Dateiauswahl& d)
     aufrufe << a;
     if (beimAufruf)
         beimAufruf(a);
+    if (d.filterGewaehlt)
+        *d.filterGewaehlt = antwortenFilter.isEmpty() ? d.filterIndex : antwortenFilter.dequeue();
     return antwort(antwortenDatei);
 }
 
@@ -104,6 +106,7 @@ void DialogAttrappe::leeren()
     antwortenMsg.clear();
     antwortenInput.clear();
     antwortenDatei.clear();
+    antwortenFilter.clear();
     antwortenOrdner.clear();
     antwortenSchrift.clear();
     antwortenFarbe.clear();
@@ -337,6 +340,7 @@ ProzessAttrappe* s_prozess;
 MedienAttrappe* s_medien;
 EnergieAttrappe* s_energie;
 SprachausgabeAttrappe* s_sprachausgabe;
+ScannerAttrappe* s_scanner;
 
 template <class T, class Setzer>
 T* einsetzen(Setzer setzer)
@@ -358,6 +362,7 @@ ProzessAttrappe& Attrappen::prozess() { return *s_prozess; }
 MedienAttrappe& Attrappen::medien() { return *s_medien; }
 EnergieAttrappe& Attrappen::energie() { return *s_energie; }
 SprachausgabeAttrappe& Attrappen::sprachausgabe() { return *s_sprachausgabe; }
+ScannerAttrappe& Attrappen::scanner() { return *s_scanner; }
 
 void Attrappen::installieren()
 {
@@ -373,6 +378,7 @@ void Attrappen::installieren()
     s_medien = einsetzen<MedienAttrappe>(&Dienste::setzeMedien);
     s_energie = einsetzen<EnergieAttrappe>(&Dienste::setzeEnergie);
     s_sprachausgabe = einsetzen<SprachausgabeAttrappe>(&Dienste::setzeSprachausgabe);
+    s_scanner = einsetzen<ScannerAttrappe>(&Dienste::setzeScanner);
 }
 
 void Attrappen::leeren()
@@ -385,4 +391,5 @@ void Attrappen::leeren()
     prozess().beendet.clear();
     energie() = EnergieAttrappe();
     sprachausgabe() = SprachausgabeAttrappe();
+    scanner() = ScannerAttrappe();
 }

@@ -4,6 +4,7 @@
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
 #include "platform/Medien.h"
+#include "platform/Scanner.h"
 #include "platform/Energie.h"
 #include "platform/Sprachausgabe.h"
 #include "platform/Uhr.h"
@@ -34,6 +35,8 @@ public:
     QQueue<QString> antwortenMsg;
     QQueue<QString> antwortenInput;
     QQueue<QString> antwortenDatei;
+    // The filter a file dialog reports as chosen; an empty queue leaves the preset one.
+    QQueue<int> antwortenFilter;
     QQueue<QString> antwortenOrdner;
     // Font and colour dialogs: the queued choice, or a cancel when the queue is empty.
     QQueue<Schriftauswahl> antwortenSchrift;
@@ -162,6 +165,28 @@ public:
     bool spricht() override { return false; }
 };
 
+// A scanner with the devices and the picture a test gives it; it records each scan.
+class ScannerAttrappe : public Scanner {
+public:
+    QList<Scangeraet> liste;
+    QImage bild;
+    QString fehlerText = QStringLiteral("Es wurde kein Scanner gefunden.");
+    QStringList gescannt;
+    QList<Scangeraet> geraete(QString& fehler) override
+    {
+        if (liste.isEmpty())
+            fehler = fehlerText;
+        return liste;
+    }
+    QImage scannen(const QString& geraet, QString& fehler) override
+    {
+        gescannt << geraet;
+        if (bild.isNull())
+            fehler = fehlerText;
+        return bild;
+    }
+};
+
 // Records the end of the process instead of ending it.
 class ProzessAttrappe : public Prozess {
 public:
@@ -257,9 +282,11 @@ struct Attrappen {
     static MedienAttrappe& medien();
     static EnergieAttrappe& energie();
     static SprachausgabeAttrappe& sprachausgabe();
+    static ScannerAttrappe& scanner();
     // Installs fresh doubles for every service.
     static void installieren();
     // Forgets the answers and records of the dialogs, the media, the shell, the trash,
-    // the sounds, the process end, the energy and the speech service; the clock runs on.
+    // the sounds, the process end, the energy, the speech service and the scanner; the
+    // clock runs on.
     static void leeren();
 };
