@@ -4,6 +4,9 @@
 
 #include "shell/Steuerelemente.h"
 
+#include <QComboBox>
+#include <QFileInfo>
+
 void Coververwaltung::CoverListeAktuell() {}
 
 void Coververwaltung::CoverAktualisieren() {}
@@ -17,3 +20,17 @@ void Coververwaltung::CoverDown()
 }
 
 void Coververwaltung::CoverAZ() {}
+
+void Coververwaltung::ExterneCoverLaden()
+{
+    box.cboBildpfad->clear();
+    box.imgBildpfad->setBild(QPixmap());
+    const QStringList teile = box.txtBildpfad->text().trimmed().split(u'\u00b0');
+    for (qsizetype i = 0; i + 1 < teile.size(); ++i)
+        if (QFileInfo(teile[i]).isFile())
+            box.cboBildpfad->addItem(teile[i]);
+    if (box.cboBildpfad->count() > 0) {
+        box.imgBildpfad->setBild(QPixmap(box.cboBildpfad->itemText(0)));
+        box.cboBildpfad->setCurrentIndex(0);
+    }
+}

@@ -12,6 +12,8 @@ public:
     void CoverAktualisieren();
     void CoverDown();
     void CoverAZ();
+    // Fills cboBildpfad with the record's external covers found on disk, shows the first.
+    void ExterneCoverLaden();
 
     // The last place of the strip that the window's height leaves room for.
     int CoverLetzterPlatz = 0;

@@ -17,6 +17,7 @@
 #include "collections/Playlisten.h"
 #include "collections/Suche.h"
 #include "collections/SqlKonsole.h"
+#include "media/Bildimport.h"
 #include "media/Coververwaltung.h"
 #include "media/Textfenster.h"
 #include "media/Uebersetzung.h"
@@ -95,6 +96,7 @@ void Ausgabebox::TeileAnlegen()
     m_suche = new Suche(*this);
     m_abspielausschluss = new Abspielausschluss(*this);
     m_coververwaltung = new Coververwaltung(*this);
+    m_bildimport = new Bildimport(*this);
     m_textfenster = new Textfenster(*this);
     m_uebersetzung = new Uebersetzung(*this);
     m_schwesterprogramme = new Schwesterprogramme(*this);
@@ -104,7 +106,8 @@ void Ausgabebox::TeileAnlegen()
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
-             m_coververwaltung, m_textfenster, m_uebersetzung, m_schwesterprogramme, m_lastanzeige})
+             m_coververwaltung, m_bildimport, m_textfenster, m_uebersetzung,
+             m_schwesterprogramme, m_lastanzeige})
         teil->verbinden();
 }
 

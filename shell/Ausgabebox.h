@@ -52,6 +52,7 @@ public:
     class Suche& suche() const { return *m_suche; }
     class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
     class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
+    class Bildimport& bildimport() const { return *m_bildimport; }
     class Textfenster& textfenster() const { return *m_textfenster; }
     class Uebersetzung& uebersetzung() const { return *m_uebersetzung; }
     class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
@@ -102,6 +103,7 @@ private:
     class Suche* m_suche = nullptr;
     class Abspielausschluss* m_abspielausschluss = nullptr;
     class Coververwaltung* m_coververwaltung = nullptr;
+    class Bildimport* m_bildimport = nullptr;
     class Textfenster* m_textfenster = nullptr;
     class Uebersetzung* m_uebersetzung = nullptr;
     class Schwesterprogramme* m_schwesterprogramme = nullptr;
