@@ -17,6 +17,7 @@
 #include "collections/Playlisten.h"
 #include "collections/Suche.h"
 #include "collections/SqlKonsole.h"
+#include "media/Anhaenge.h"
 #include "media/Bildimport.h"
 #include "media/Coververwaltung.h"
 #include "media/Textfenster.h"
@@ -97,6 +98,7 @@ void Ausgabebox::TeileAnlegen()
     m_abspielausschluss = new Abspielausschluss(*this);
     m_coververwaltung = new Coververwaltung(*this);
     m_bildimport = new Bildimport(*this);
+    m_anhaenge = new Anhaenge(*this);
     m_textfenster = new Textfenster(*this);
     m_uebersetzung = new Uebersetzung(*this);
     m_schwesterprogramme = new Schwesterprogramme(*this);
@@ -106,7 +108,7 @@ void Ausgabebox::TeileAnlegen()
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
-             m_coververwaltung, m_bildimport, m_textfenster, m_uebersetzung,
+             m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
              m_schwesterprogramme, m_lastanzeige})
         teil->verbinden();
 }

@@ -53,6 +53,7 @@ public:
     class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
     class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
     class Bildimport& bildimport() const { return *m_bildimport; }
+    class Anhaenge& anhaenge() const { return *m_anhaenge; }
     class Textfenster& textfenster() const { return *m_textfenster; }
     class Uebersetzung& uebersetzung() const { return *m_uebersetzung; }
     class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
@@ -104,6 +105,7 @@ private:
     class Abspielausschluss* m_abspielausschluss = nullptr;
     class Coververwaltung* m_coververwaltung = nullptr;
     class Bildimport* m_bildimport = nullptr;
+    class Anhaenge* m_anhaenge = nullptr;
     class Textfenster* m_textfenster = nullptr;
     class Uebersetzung* m_uebersetzung = nullptr;
     class Schwesterprogramme* m_schwesterprogramme = nullptr;
