@@ -177,18 +177,24 @@ void Bildimport::MenuBildEinfuegen_Click()
     InternEinfuegen(KeinBildformat);
 }
 
-void Bildimport::InternEinfuegen(const QString& fehlerText)
+QImage Bildimport::AblageFuer(bool extern_, const QString& fehlerText)
 {
-    if (!box.imgBildpfad->isHidden()) {
-        box.imgBildpfad->hide();
-        box.Bild1->show();
-        box.chkBildpfad->setChecked(false);
+    if (box.imgBildpfad->isHidden() == extern_) {
+        box.imgBildpfad->setVisible(extern_);
+        box.Bild1->setVisible(!extern_);
+        box.chkBildpfad->setChecked(extern_);
     }
     const QImage bild = ZwischenablageBild();
-    if (bild.isNull()) {
+    if (bild.isNull())
         MsgNimb(fehlerText, 1, 0, QStringLiteral("Fehlerbehandlung"), 0);
+    return bild;
+}
+
+void Bildimport::InternEinfuegen(const QString& fehlerText)
+{
+    const QImage bild = AblageFuer(false, fehlerText);
+    if (bild.isNull())
         return;
-    }
     box.Bild1->setBild(QPixmap::fromImage(bild));
     // The bound picture goes into the edit buffer like a typed field: the next save or
     // move writes it.
@@ -205,16 +211,9 @@ void Bildimport::mnuCoverExAblegen_Click() { ExternAblegen(KeinBildformat + u'!'
 
 void Bildimport::ExternAblegen(const QString& fehlerText)
 {
-    if (box.imgBildpfad->isHidden()) {
-        box.imgBildpfad->show();
-        box.Bild1->hide();
-        box.chkBildpfad->setChecked(true);
-    }
-    const QImage bild = ZwischenablageBild();
-    if (bild.isNull()) {
-        MsgNimb(fehlerText, 1, 0, QStringLiteral("Fehlerbehandlung"), 0);
+    const QImage bild = AblageFuer(true, fehlerText);
+    if (bild.isNull())
         return;
-    }
     box.imgBildpfad->setBild(QPixmap::fromImage(bild));
     if (!BildSpeichern())
         return;

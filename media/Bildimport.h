@@ -22,6 +22,9 @@ public:
     bool BildSpeichern();
 
 private:
+    // Shows the pane that takes the picture, internal or external, and returns the
+    // clipboard's picture; without one it says so and returns a null image.
+    QImage AblageFuer(bool extern_, const QString& fehlerText);
     // The clipboard's picture into Bild1 and the record's Bilder.
     void InternEinfuegen(const QString& fehlerText);
     void ExternAblegen(const QString& fehlerText);

@@ -77,10 +77,7 @@ private slots:
         starten(QStringLiteral(" "));
         dlg().antwortenDatei << d + "Heft.pdf" << d + "Heft.pdf";
         w->imgEbookOpen->click();
-        const Dateiauswahl erste = dlg().aufrufe.first().datei;
-        QCOMPARE(erste.titel, QStringLiteral(" eBook u. Multimedia laden"));
-        QCOMPARE(erste.filter, QStringLiteral("Adobe (*.pdf)|*.pdf|alle Dateien (*.*)|*.*"));
-        QCOMPARE(erste.startordner, ebook());
+        QCOMPARE(dlg().aufrufe.first().datei.startordner, ebook());
         const QString ziel = ebook() + "Heft.pdf";
         QCOMPARE(DateiLesen(ziel), QByteArray("%PDF-1.4 Heft"));
         QCOMPARE(w->txtEbook->text(), ziel + u'°');
@@ -92,9 +89,6 @@ private slots:
         QCOMPARE(DateiLesen(ziel), QByteArray("%PDF-1.4 Heft"));
         QCOMPARE(w->txtEbook->text(), ziel + u'°' + ziel + u'°');
         QCOMPARE(bez(), QStringLiteral("eBook u. Multimedia (2)"));
-        // Cancel: nothing.
-        w->imgEbookOpen->click();
-        QCOMPARE(bez(), QStringLiteral("eBook u. Multimedia (2)"));
         w->MenuSpeichern->trigger();
         QCOMPARE(KatalogSpalte(katalog, "eBook").first(), ziel + u'°' + ziel + u'°');
     }
@@ -105,7 +99,6 @@ private slots:
         dlg().antwortenMsg << "Nein";
         w->imgEbookKill->click();
         QVERIFY(QFileInfo::exists(d + "Film mit Blanks.mkv"));
-        QCOMPARE(dlg().meldungen().first().titel, QStringLiteral("Sicherheitsabfrage"));
         QCOMPARE(dlg().meldungen().first().text,
                  d + "Film mit Blanks.mkv\r\n\r\neBook bzw. Multimediafile löschen?");
 
