@@ -101,7 +101,7 @@ QString BildSchreiben(const QImage& bild, const QString& ziel)
     if (endung == u"jpg")
         schreiber.setQuality(70);
     if (!schreiber.write(bild))
-        return schreiber.errorString();
+        return QStringLiteral("Das Bild kann nicht gespeichert werden: ") + schreiber.errorString();
     if (!datei.commit())
         return QStringLiteral("Die Datei kann nicht geschrieben werden: ") + datei.errorString();
     return {};
