@@ -85,7 +85,7 @@ void Datensatzansicht::GebundeneFelderLaden()
     }
     // A damaged or huge picture gives an empty pane, never a stop of the record.
     box.Bild1->setBild(rs ? Coververwaltung::BildLesen(rs->Value(QStringLiteral("Bilder")).toByteArray(),
-                                                       box.picCoverGreat->size().expandedTo(box.Bild1->size()))
+                                                       box.Bild1->contentsRect().size())
                           : QPixmap());
     m_geaenderteTexte.clear();
     m_gebundenLaden = false;

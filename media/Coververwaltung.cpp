@@ -2,6 +2,7 @@
 
 #include "shell/Ausgabebox.h"
 
+#include "catalogue/Datenbank.h"
 #include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
@@ -32,6 +33,8 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -45,6 +48,8 @@ QPixmap lesen(QImageReader& leser, const QSize& hoechstens)
 {
     leser.setAllocationLimit(SpeicherGrenzeMB);
     leser.setAutoTransform(true);
+    // The faster decoding of JPEG: covers are shown small, its loss does not show.
+    leser.setQuality(40);
     const QSize gross = leser.size();
     if (gross.isValid() && !hoechstens.isEmpty()
         && (gross.width() > hoechstens.width() || gross.height() > hoechstens.height()))
@@ -85,13 +90,44 @@ struct Namensspalten {
         return g->TextMatrix(zeile, band) + QStringLiteral(" - ") + g->TextMatrix(zeile, titel);
     }
     // SQL that picks every row whose name the comparison can hold, and the rows whose values
-    // are no text, whose text the table makes itself; the table's own text decides.
-    QString bedingung(const QString& vergleich) const
+    // are no text, whose text the table makes itself; the table's own text decides. Only the
+    // latter without a comparison.
+    QString bedingung(const QString& vergleich, bool nurAndere = false) const
     {
         const QString b = g->SqlName(band), t = g->SqlName(titel);
-        return QStringLiteral("typeof(%1) IN ('integer', 'real', 'blob') OR typeof(%2) IN ('integer', 'real', 'blob') "
-                              "OR (ifnull(%1, '') || ' - ' || ifnull(%2, '')) COLLATE BINARY %3")
-            .arg(b, t, vergleich);
+        const QString andere = QStringLiteral("typeof(%1) <> 'text' OR typeof(%2) <> 'text'").arg(b, t);
+        if (nurAndere)
+            return andere;
+        return andere + QStringLiteral(" OR (%1 || ' - ' || %2) COLLATE BINARY %3").arg(b, t, vergleich);
+    }
+    // The names of the rows of the table whose two values are text and whose name is in the
+    // JSON list, by rowid; nothing when the catalogue cannot be asked.
+    std::optional<QHash<qint64, QString>> textNamen(const Datenbank& db, const QString& tabelle,
+                                                    const QString& liste) const
+    {
+        const QString b = g->SqlName(band), t = g->SqlName(titel);
+        QString name = tabelle;
+        name.replace(u'"', QStringLiteral("\"\""));
+        try {
+            Anweisung a = db.vorbereiten(
+                QStringLiteral("SELECT rowid, %1 || ' - ' || %2 FROM \"%3\" WHERE typeof(%1) = 'text' AND "
+                               "typeof(%2) = 'text' AND (%1 || ' - ' || %2) COLLATE BINARY IN "
+                               "(SELECT value FROM json_each(?1))")
+                    .arg(b, t, name));
+            const QByteArray text = liste.toUtf8();
+            sqlite3_bind_text(a.get(), 1, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+            QHash<qint64, QString> namen;
+            int rc;
+            while ((rc = sqlite3_step(a.get())) == SQLITE_ROW)
+                namen.insert(sqlite3_column_int64(a.get(), 0),
+                             QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(a.get(), 1)),
+                                               sqlite3_column_bytes(a.get(), 1)));
+            if (rc != SQLITE_DONE)
+                return std::nullopt;
+            return namen;
+        } catch (const Laufzeitfehler&) {
+            return std::nullopt;
+        }
     }
 };
 
@@ -112,7 +148,7 @@ void Coververwaltung::verbinden()
     for (Bildfeld* b : {box.Bild1, box.imgBildpfad}) {
         connect(b, &Bildfeld::MouseDown, this, [this, b](Qt::MouseButton knopf) {
             if (knopf == Qt::LeftButton) {
-                vergroessern(b->Bild());
+                vergroessern(b == box.Bild1);
             } else if (knopf == Qt::RightButton) {
                 box.mnuBild->setDefaultAction(b == box.Bild1 ? box.MenuBildkopieren : box.mnuCoverExAblegen);
                 box.mnuBild->popup(QCursor::pos());
@@ -153,8 +189,8 @@ QPixmap Coververwaltung::BildLesen(const QByteArray& daten, const QSize& hoechst
 
 bool Coververwaltung::CoverZeigen(const QString& pfad)
 {
-    // Read at the size of the enlarged view, which is the larger of the two.
-    const QPixmap bild = BildLesen(pfad, box.picCoverGreat->size().expandedTo(box.imgBildpfad->size()));
+    // Read at the size it is shown at; the enlarged view reads it again.
+    const QPixmap bild = BildLesen(pfad, box.imgBildpfad->contentsRect().size());
     box.imgBildpfad->setBild(bild);
     return !bild.isNull();
 }
@@ -243,14 +279,25 @@ void Coververwaltung::DatensatzCover()
         box.chkBildpfad->setChecked(true);
     m_imDatensatz = false;
     if (box.picCoverGreat->isVisible()) {
-        box.picCoverGreat->setBild(box.imgBildpfad->Bild());
+        box.picCoverGreat->setBild(grossesBild(false));
         grossAusrichten();
     }
 }
 
-void Coververwaltung::vergroessern(const QPixmap& bild)
+QPixmap Coververwaltung::grossesBild(bool intern) const
 {
-    box.picCoverGreat->setBild(bild);
+    const QSize gross = box.picCoverGreat->contentsRect().size();
+    if (intern) {
+        const Recordset* rs = box.Data1->recordset();
+        return rs ? BildLesen(rs->Value(QStringLiteral("Bilder")).toByteArray(), gross) : QPixmap();
+    }
+    const QString text = box.cboBildpfad->currentText();
+    return text.isEmpty() || box.imgBildpfad->Bild().isNull() ? QPixmap() : BildLesen(eintragPfad(text), gross);
+}
+
+void Coververwaltung::vergroessern(bool intern)
+{
+    box.picCoverGreat->setBild(grossesBild(intern));
     grossAusrichten();
     box.picCoverGreat->show();
     box.picCoverGreat->raise();
@@ -332,9 +379,14 @@ void Coververwaltung::CoverListeAktuell()
         // One pass over the table, however many files: the names go in as one JSON list.
         const QString liste = QString::fromUtf8(
             QJsonDocument(QJsonArray::fromStringList(QStringList(namen.begin(), namen.end()))).toJson(QJsonDocument::Compact));
-        const auto kandidaten =
-            rs ? rs->RowIds(spalten.bedingung(QStringLiteral("IN (SELECT value FROM json_each(?1))")), {liste})
-               : std::nullopt;
+        // Rows whose two values are text: the catalogue names them, and their names, so that
+        // no row has to be read. The others the table's own text decides.
+        const auto textNamen = rs && rs->Updatable() ? spalten.textNamen(*box.Data1->database(), rs->Tabelle(), liste) : std::nullopt;
+        const auto kandidaten = textNamen ? rs->RowIds(spalten.bedingung(QString(), true)) : std::nullopt;
+        if (kandidaten)
+            for (int p = 0; p < rs->RecordCount(); ++p)
+                if (const auto n = textNamen->constFind(rs->RowId(p)); n != textNamen->cend())
+                    ++zeilen[*n];
         const auto zaehlen = [&](int zeile) {
             const QString k = spalten.name(zeile);
             if (namen.contains(k))

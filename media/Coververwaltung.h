@@ -67,7 +67,9 @@ private:
     // Fills cboBildpfad; decodes the first cover only when its pane is to show it.
     void externeListeFuellen(bool zeigen);
     void bildLoeschen(bool dateiAuchLoeschen, const QString& frage);
-    void vergroessern(const QPixmap& bild);
+    // The cover of the record, read at the size of the enlarged view.
+    QPixmap grossesBild(bool intern) const;
+    void vergroessern(bool intern);
     void grossAusrichten();
     // Puts lstCover from first on into the places 0 to bis; nothing is read again when
     // the places would show what they show.
