@@ -3,7 +3,9 @@
 // Times the arrow key through the table, with and without table mode, and the paging of
 // the strip, in the real window.
 //
-//   bench_cover [-n moves] [Carriers]
+//   bench_cover [-n moves] [--ohne] [Carriers]
+//
+// --ohne makes no cover files, for the same figures without covers.
 #include "support/Benchkatalog.h"
 
 #include "catalogue/FlexGrid.h"
@@ -70,8 +72,11 @@ int main(int argc, char** argv)
 {
     int zuege = 200;
     int zeilen = 100000;
+    bool ohne = false;
     for (int i = 1; i < argc; ++i) {
-        if (QByteArray(argv[i]) == "-n" && i + 1 < argc)
+        if (QByteArray(argv[i]) == "--ohne")
+            ohne = true;
+        else if (QByteArray(argv[i]) == "-n" && i + 1 < argc)
             zuege = std::max(1, std::atoi(argv[++i]));
         else if (std::atoi(argv[i]) > 0)
             zeilen = std::atoi(argv[i]);
@@ -85,7 +90,7 @@ int main(int argc, char** argv)
     QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
     QElapsedTimer uhr;
     uhr.start();
-    const int dateien = CoverAnlegen(arbeit, umgebung.pfad() + QStringLiteral("/Bilder/"));
+    const int dateien = ohne ? 0 : CoverAnlegen(arbeit, umgebung.pfad() + QStringLiteral("/Bilder/"));
     std::printf("%d cover files made in %.1f s\n", dateien, double(uhr.elapsed()) / 1000.0);
 
     Speichern(QStringLiteral("ArchivPfad"), arbeit);

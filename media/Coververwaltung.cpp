@@ -419,8 +419,7 @@ void Coververwaltung::CoverListeAktuell()
 
 void Coververwaltung::CoverAktualisieren()
 {
-    box.filCover->setPath(CoverOrdner());
-    box.filCover->Refresh();
+    box.filCover->setPath(CoverOrdner()); // reads the folder anew
     CoverListeAktuell();
     CoverPlaetzeAnpassen();
 }
