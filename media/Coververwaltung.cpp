@@ -419,7 +419,13 @@ void Coververwaltung::CoverListeAktuell()
 
 void Coververwaltung::CoverAktualisieren()
 {
-    box.filCover->setPath(CoverOrdner()); // reads the folder anew
+    // A large folder takes long to list; one whose files did not change is not listed again.
+    const QFileInfo ordner(CoverOrdner());
+    const QString stand = CoverOrdner() + u'|' + QString::number(ordner.lastModified().toMSecsSinceEpoch());
+    if (stand != m_ordnerStand || MitSchraegstrich(box.filCover->Path()) != CoverOrdner()) {
+        box.filCover->setPath(CoverOrdner());
+        m_ordnerStand = ordner.exists() ? stand : QString();
+    }
     CoverListeAktuell();
     CoverPlaetzeAnpassen();
 }

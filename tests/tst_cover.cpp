@@ -138,6 +138,14 @@ private slots:
         zeile(3);
         QVERIFY(w->chkBildpfad->isChecked());
         QVERIFY(w->Bild1->isHidden());
+        // A press enlarges the cover, its right edge on the pane's; a press on it closes it.
+        emit w->imgBildpfad->MouseDown(Qt::LeftButton);
+        QVERIFY(!w->picCoverGreat->isHidden());
+        QCOMPARE(w->picCoverGreat->Bild().toImage().pixelColor(5, 5), QColor(Qt::red));
+        QCOMPARE(w->picCoverGreat->geometry().right(), w->imgBildpfad->geometry().right());
+        emit w->picCoverGreat->MouseDown(Qt::LeftButton);
+        QVERIFY(w->picCoverGreat->isHidden());
+        QVERIFY(w->picCoverGreat->Bild().isNull());
         // Without the folder rule the stored path itself counts.
         w->mnuBildDatenbankpfad->trigger();
         QCOMPARE(Lesen("BildLadePfad"), QString("False"));
