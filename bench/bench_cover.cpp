@@ -42,17 +42,22 @@ int CoverAnlegen(const QString& katalog, const QString& ordner)
     bild.save(vorlage, "JPEG", 70);
     sqlite3* db = nullptr;
     sqlite3_open(katalog.toUtf8().constData(), &db);
-    sqlite3_exec(db, "update Schallplatten set BildPfad = 'D:\\Bilder\\' || Band || ' - ' || LPTitel || '.jpg°'",
-                 nullptr, nullptr, nullptr);
+    sqlite3_exec(
+        db,
+        "update Schallplatten set BildPfad = 'D:\\Bilder\\' || Band || ' - ' || LPTitel || '.jpg°'",
+        nullptr, nullptr, nullptr);
     sqlite3_stmt* st = nullptr;
     sqlite3_prepare_v2(db, "select Band, LPTitel from Schallplatten", -1, &st, nullptr);
     int n = 0;
     const QByteArray quelle = QFile::encodeName(vorlage);
     while (sqlite3_step(st) == SQLITE_ROW) {
-        const QString name = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)))
-            + QStringLiteral(" - ") + QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 1)))
+        const QString name
+            = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)))
+            + QStringLiteral(" - ")
+            + QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 1)))
             + QStringLiteral(".jpg");
-        if (!name.contains(u'/') && ::link(quelle.constData(), QFile::encodeName(ordner + name).constData()) == 0)
+        if (!name.contains(u'/')
+            && ::link(quelle.constData(), QFile::encodeName(ordner + name).constData()) == 0)
             ++n;
     }
     sqlite3_finalize(st);
@@ -90,14 +95,16 @@ int main(int argc, char** argv)
     QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
     QElapsedTimer uhr;
     uhr.start();
-    const int dateien = ohne ? 0 : CoverAnlegen(arbeit, umgebung.pfad() + QStringLiteral("/Bilder/"));
+    const int dateien
+        = ohne ? 0 : CoverAnlegen(arbeit, umgebung.pfad() + QStringLiteral("/Bilder/"));
     std::printf("%d cover files made in %.1f s\n", dateien, double(uhr.elapsed()) / 1000.0);
 
     Speichern(QStringLiteral("ArchivPfad"), arbeit);
     Speichern(QStringLiteral("HäkchenBildpfad"), QStringLiteral("1"));
     Speichern(QStringLiteral("TopRow"), QStringLiteral("0"));
     // Tall enough for all 22 places of the strip.
-    Speichern(QStringLiteral("AusgabeboxHeight"), qEnvironmentVariable("RK_HOEHE", QStringLiteral("24000")));
+    Speichern(QStringLiteral("AusgabeboxHeight"),
+              qEnvironmentVariable("RK_HOEHE", QStringLiteral("24000")));
     auto* w = new Ausgabebox;
     const double start = messen([&] {
         w->Form_Load();

@@ -84,9 +84,10 @@ void Datensatzansicht::GebundeneFelderLaden()
         }
     }
     // A damaged or huge picture gives an empty pane, never a stop of the record.
-    box.Bild1->setBild(rs ? Coververwaltung::BildLesen(rs->Value(QStringLiteral("Bilder")).toByteArray(),
-                                                       box.Bild1->contentsRect().size())
-                          : QPixmap());
+    box.Bild1->setBild(
+        rs ? Coververwaltung::BildLesen(rs->Value(QStringLiteral("Bilder")).toByteArray(),
+                                        box.Bild1->contentsRect().size())
+           : QPixmap());
     m_geaenderteTexte.clear();
     m_gebundenLaden = false;
 }

@@ -95,10 +95,12 @@ struct Namensspalten {
     QString bedingung(const QString& vergleich, bool nurAndere = false) const
     {
         const QString b = g->SqlName(band), t = g->SqlName(titel);
-        const QString andere = QStringLiteral("typeof(%1) <> 'text' OR typeof(%2) <> 'text'").arg(b, t);
+        const QString andere
+            = QStringLiteral("typeof(%1) <> 'text' OR typeof(%2) <> 'text'").arg(b, t);
         if (nurAndere)
             return andere;
-        return andere + QStringLiteral(" OR (%1 || ' - ' || %2) COLLATE BINARY %3").arg(b, t, vergleich);
+        return andere
+            + QStringLiteral(" OR (%1 || ' - ' || %2) COLLATE BINARY %3").arg(b, t, vergleich);
     }
     // The names of the rows of the table whose two values are text and whose name is in the
     // JSON list, by rowid; nothing when the catalogue cannot be asked.
@@ -110,9 +112,10 @@ struct Namensspalten {
         name.replace(u'"', QStringLiteral("\"\""));
         try {
             Anweisung a = db.vorbereiten(
-                QStringLiteral("SELECT rowid, %1 || ' - ' || %2 FROM \"%3\" WHERE typeof(%1) = 'text' AND "
-                               "typeof(%2) = 'text' AND (%1 || ' - ' || %2) COLLATE BINARY IN "
-                               "(SELECT value FROM json_each(?1))")
+                QStringLiteral(
+                    "SELECT rowid, %1 || ' - ' || %2 FROM \"%3\" WHERE typeof(%1) = 'text' AND "
+                    "typeof(%2) = 'text' AND (%1 || ' - ' || %2) COLLATE BINARY IN "
+                    "(SELECT value FROM json_each(?1))")
                     .arg(b, t, name));
             const QByteArray text = liste.toUtf8();
             sqlite3_bind_text(a.get(), 1, text.constData(), int(text.size()), SQLITE_TRANSIENT);
@@ -120,8 +123,9 @@ struct Namensspalten {
             int rc;
             while ((rc = sqlite3_step(a.get())) == SQLITE_ROW)
                 namen.insert(sqlite3_column_int64(a.get(), 0),
-                             QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(a.get(), 1)),
-                                               sqlite3_column_bytes(a.get(), 1)));
+                             QString::fromUtf8(
+                                 reinterpret_cast<const char*>(sqlite3_column_text(a.get(), 1)),
+                                 sqlite3_column_bytes(a.get(), 1)));
             if (rc != SQLITE_DONE)
                 return std::nullopt;
             return namen;
@@ -135,7 +139,8 @@ struct Namensspalten {
 
 void Coververwaltung::verbinden()
 {
-    for (QWidget* wartet : std::initializer_list<QWidget*>{box.cmdCoverUp, box.cmdCoverDown, box.chkBildpfad})
+    for (QWidget* wartet :
+         std::initializer_list<QWidget*>{box.cmdCoverUp, box.cmdCoverDown, box.chkBildpfad})
         wartet->setEnabled(true);
     connect(box.cmdCoverDown, &QPushButton::clicked, this, [this] { CoverDown(); });
     connect(box.cmdCoverUp, &QPushButton::clicked, this, [this] { CoverUp(); });
@@ -150,7 +155,8 @@ void Coververwaltung::verbinden()
             if (knopf == Qt::LeftButton) {
                 vergroessern(b == box.Bild1);
             } else if (knopf == Qt::RightButton) {
-                box.mnuBild->setDefaultAction(b == box.Bild1 ? box.MenuBildkopieren : box.mnuCoverExAblegen);
+                box.mnuBild->setDefaultAction(b == box.Bild1 ? box.MenuBildkopieren
+                                                             : box.mnuCoverExAblegen);
                 box.mnuBild->popup(QCursor::pos());
             }
         });
@@ -163,7 +169,8 @@ void Coververwaltung::verbinden()
     });
     BefehlVerbinden(box.mnuBildLoeschen, this, [this] { mnuBildLoeschen_Click(); });
     BefehlVerbinden(box.mnuCoverPfadEnfernen, this, [this] { mnuCoverPfadEnfernen_Click(); });
-    BefehlVerbinden(box.mnuBildDatenbankpfad, this, [this](bool an) { mnuBildDatenbankpfad_Click(an); });
+    BefehlVerbinden(box.mnuBildDatenbankpfad, this,
+                    [this](bool an) { mnuBildDatenbankpfad_Click(an); });
 }
 
 QString Coververwaltung::CoverOrdner() { return DatenbankOrdner + QStringLiteral("Bilder/"); }
@@ -227,8 +234,9 @@ void Coververwaltung::externeListeFuellen(bool zeigen)
     }
     const qsizetype n = gefunden.size();
     if (n > 0)
-        box.chkBildpfad->setText(QString::number(n)
-                                 + (n == 1 ? QStringLiteral(" externes Cover") : QStringLiteral(" externe Cover")));
+        box.chkBildpfad->setText(
+            QString::number(n)
+            + (n == 1 ? QStringLiteral(" externes Cover") : QStringLiteral(" externe Cover")));
 }
 
 void Coververwaltung::cboBildpfad_Click()
@@ -242,8 +250,9 @@ void Coververwaltung::cboBildpfad_Click()
         CoverZeigen(pfad);
         return;
     }
-    MsgNimb(eintrag + QStringLiteral("\n\nBild nicht gefunden"), 3, 0, QStringLiteral("Bild laden und anzeigen"), 0,
-            Farbe::WarnHintergrund, Farbe::StandardText);
+    MsgNimb(eintrag + QStringLiteral("\n\nBild nicht gefunden"), 3, 0,
+            QStringLiteral("Bild laden und anzeigen"), 0, Farbe::WarnHintergrund,
+            Farbe::StandardText);
 }
 
 void Coververwaltung::chkBildpfad_Click()
@@ -292,7 +301,8 @@ QPixmap Coververwaltung::grossesBild(bool intern) const
         return rs ? BildLesen(rs->Value(QStringLiteral("Bilder")).toByteArray(), gross) : QPixmap();
     }
     const QString text = box.cboBildpfad->currentText();
-    return text.isEmpty() || box.imgBildpfad->Bild().isNull() ? QPixmap() : BildLesen(eintragPfad(text), gross);
+    return text.isEmpty() || box.imgBildpfad->Bild().isNull() ? QPixmap()
+                                                              : BildLesen(eintragPfad(text), gross);
 }
 
 void Coververwaltung::vergroessern(bool intern)
@@ -338,7 +348,8 @@ int Coververwaltung::Namenstext::erstes(const QString& a, const QString& b) cons
     size_t von = 0;
     while (von < text.size()) {
         // UTF-8 keeps every character whole, so bytes that match are characters that match.
-        const void* fund = memmem(text.data() + von, text.size() - von, erster.data(), erster.size());
+        const void* fund
+            = memmem(text.data() + von, text.size() - von, erster.data(), erster.size());
         if (!fund)
             return -1;
         const size_t stelle = size_t(static_cast<const char*>(fund) - text.data());
@@ -378,11 +389,15 @@ void Coververwaltung::CoverListeAktuell()
         const Recordset* rs = g->recordset();
         // One pass over the table, however many files: the names go in as one JSON list.
         const QString liste = QString::fromUtf8(
-            QJsonDocument(QJsonArray::fromStringList(QStringList(namen.begin(), namen.end()))).toJson(QJsonDocument::Compact));
+            QJsonDocument(QJsonArray::fromStringList(QStringList(namen.begin(), namen.end())))
+                .toJson(QJsonDocument::Compact));
         // Rows whose two values are text: the catalogue names them, and their names, so that
         // no row has to be read. The others the table's own text decides.
-        const auto textNamen = rs && rs->Updatable() ? spalten.textNamen(*box.Data1->database(), rs->Tabelle(), liste) : std::nullopt;
-        const auto kandidaten = textNamen ? rs->RowIds(spalten.bedingung(QString(), true)) : std::nullopt;
+        const auto textNamen = rs && rs->Updatable()
+            ? spalten.textNamen(*box.Data1->database(), rs->Tabelle(), liste)
+            : std::nullopt;
+        const auto kandidaten
+            = textNamen ? rs->RowIds(spalten.bedingung(QString(), true)) : std::nullopt;
         if (kandidaten)
             for (int p = 0; p < rs->RecordCount(); ++p)
                 if (const auto n = textNamen->constFind(rs->RowId(p)); n != textNamen->cend())
@@ -393,7 +408,8 @@ void Coververwaltung::CoverListeAktuell()
                 ++zeilen[k];
         };
         if (kandidaten) {
-            for (int p = rs->ErstePosition(*kandidaten); p >= 0; p = rs->ErstePosition(*kandidaten, p + 1))
+            for (int p = rs->ErstePosition(*kandidaten); p >= 0;
+                 p = rs->ErstePosition(*kandidaten, p + 1))
                 zaehlen(p + 1);
         } else {
             // A source that cannot be asked is held in memory: every row is read, Esc stops.
@@ -421,7 +437,8 @@ void Coververwaltung::CoverAktualisieren()
 {
     // A large folder takes long to list; one whose files did not change is not listed again.
     const QFileInfo ordner(CoverOrdner());
-    const QString stand = CoverOrdner() + u'|' + QString::number(ordner.lastModified().toMSecsSinceEpoch());
+    const QString stand
+        = CoverOrdner() + u'|' + QString::number(ordner.lastModified().toMSecsSinceEpoch());
     if (stand != m_ordnerStand || MitSchraegstrich(box.filCover->Path()) != CoverOrdner()) {
         box.filCover->setPath(CoverOrdner());
         m_ordnerStand = ordner.exists() ? stand : QString();
@@ -512,8 +529,9 @@ QPixmap Coververwaltung::vorschau(const QString& pfad, const QSize& groesse)
     // A file changed on disk under the same name is read anew.
     const QFileInfo info(pfad);
     const QString schluessel = pfad + u'|' + QString::number(groesse.width()) + u'x'
-        + QString::number(groesse.height()) + u'|' + QString::number(info.lastModified().toMSecsSinceEpoch())
-        + u'|' + QString::number(info.size());
+        + QString::number(groesse.height()) + u'|'
+        + QString::number(info.lastModified().toMSecsSinceEpoch()) + u'|'
+        + QString::number(info.size());
     if (const QPixmap* bild = m_vorschauen.object(schluessel))
         return *bild;
     const QPixmap bild = info.isFile() ? BildLesen(pfad, groesse) : QPixmap();
@@ -536,7 +554,7 @@ void Coververwaltung::imgCover_Click(int platz)
         if (zeile >= 1) {
             // The strip stays on its page while the record follows.
             CoverSucheAuslassen = true;
-            if (zeile > 0 && zeile < g->Rows() - 1)
+            if (zeile < g->Rows() - 1)
                 g->setTopRow(zeile);
             g->setRow(zeile);
             CoverSucheAuslassen = false;
@@ -550,8 +568,8 @@ void Coververwaltung::imgCover_DblClick(int platz)
     const int index = CoverStart + platz;
     if (index < 0 || index >= m_liste.size())
         return;
-    MsgNimb(OhneEndung(m_liste.at(index)), 1, 0, QStringLiteral("Mini-Cover"), 0, Farbe::StandardHintergrund,
-            Farbe::StandardText);
+    MsgNimb(OhneEndung(m_liste.at(index)), 1, 0, QStringLiteral("Mini-Cover"), 0,
+            Farbe::StandardHintergrund, Farbe::StandardText);
 }
 
 // ---- Removing ----
@@ -568,9 +586,12 @@ void Coververwaltung::ExternesCoverEntfernen()
             D().klang().abspielen(ProgrammOrdner + QStringLiteral("Matsch.wav"));
             box.imgBildpfad->setBild(QPixmap());
         } else {
-            MsgNimb(datei + QStringLiteral("\nDas Bild konnte nicht in den Papierkorb verschoben werden!\n\n"
-                                           "Bitte löschen Sie manuell...\n"),
-                    3, 0, QStringLiteral("Fehler beim Löschen"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
+            MsgNimb(datei
+                        + QStringLiteral(
+                            "\nDas Bild konnte nicht in den Papierkorb verschoben werden!\n\n"
+                            "Bitte löschen Sie manuell...\n"),
+                    3, 0, QStringLiteral("Fehler beim Löschen"), 0, Farbe::WarnHintergrund,
+                    Farbe::StandardText);
         }
     }
     const QString liste = box.txtBildpfad->text().trimmed();
@@ -596,7 +617,8 @@ void Coververwaltung::bildLoeschen(bool dateiAuchLoeschen, const QString& frage)
             ExterneDateiLoeschen = false;
         }
     } else {
-        antwort = MsgNimb(QStringLiteral("Das Bild aus der Datenbank löschen ?"), 22, 1, QStringLiteral("Datenbank"), 0);
+        antwort = MsgNimb(QStringLiteral("Das Bild aus der Datenbank löschen ?"), 22, 1,
+                          QStringLiteral("Datenbank"), 0);
         if (antwort == u"Ja") {
             box.Bild1->setBild(QPixmap());
             if (Recordset* rs = box.Data1->recordset())
@@ -620,7 +642,8 @@ void Coververwaltung::mnuCoverPfadEnfernen_Click()
 
 void Coververwaltung::mnuBildDatenbankpfad_Click(bool an)
 {
-    Speichern(QStringLiteral("BildLadePfad"), an ? QStringLiteral("True") : QStringLiteral("False"));
+    Speichern(QStringLiteral("BildLadePfad"),
+              an ? QStringLiteral("True") : QStringLiteral("False"));
     if (an)
         DatenbankOrdner = OrdnerAusPfad(
             Lesen(QStringLiteral("ArchivPfad"), ProgrammOrdner + QStringLiteral("Archiv_leer.db")));

@@ -90,8 +90,8 @@ private:
     QStringList m_liste; // lstCover's entries
     Namenstext m_namen;
     Namenstext m_namenKlein;
-    QStringList m_gezeigt;                   // the paths in the places now
-    QString m_ordnerStand;                   // the cover folder and its time when it was listed
+    QStringList m_gezeigt;                      // the paths in the places now
+    QString m_ordnerStand;                      // the cover folder and its time when it was listed
     QCache<QString, QPixmap> m_vorschauen{600}; // scaled thumbnails by path, size and time
-    bool m_imDatensatz = false;              // the record change runs the box's handler
+    bool m_imDatensatz = false;                 // the record change runs the box's handler
 };

@@ -63,7 +63,8 @@ class TestCover : public QObject {
 
     // A new catalogue folder with cover files, then the window on it.
     QString starten(const QList<Zeilenwerte>& zeilen, const QMap<QString, QByteArray>& dateien,
-                    QMap<QString, QString> einstellungen = {}, const QString& sql = {}, bool zeigen = false)
+                    QMap<QString, QString> einstellungen = {}, const QString& sql = {},
+                    bool zeigen = false)
     {
         static int lauf = 0;
         ordner = Testordner(QStringLiteral("cover%1").arg(++lauf));
@@ -91,13 +92,16 @@ private slots:
     {
         const QByteArray rot = png(Qt::red);
         starten({{{"Band", "A"}, {"LPTitel", "leer"}, {"BildPfad", " "}},
-                 {{"Band", "B"}, {"LPTitel", "eins"}, {"BildPfad", "D:\\Musik\\Bilder\\b.jpg°/fehlt/weg.png°"}},
+                 {{"Band", "B"},
+                  {"LPTitel", "eins"},
+                  {"BildPfad", "D:\\Musik\\Bilder\\b.jpg°/fehlt/weg.png°"}},
                  {{"Band", "C"}, {"LPTitel", "zwei"}, {"BildPfad", "/x/c1.png°/y/c2.png°ohne.png"}},
                  {{"Band", "D"}, {"LPTitel", "intern"}, {"BildPfad", "/x/c1.png°"}},
                  {{"Band", "E"}, {"LPTitel", "nur intern"}}},
                 {{"b.jpg", rot}, {"c1.png", rot}, {"c2.png", png(Qt::blue)}, {"ohne.png", rot}},
-                {{"HäkchenBildpfad", "1"}}, "UPDATE Schallplatten SET Bilder = X'" + png(Qt::green).toHex()
-                                                + "' WHERE rowid IN (4, 5)");
+                {{"HäkchenBildpfad", "1"}},
+                "UPDATE Schallplatten SET Bilder = X'" + png(Qt::green).toHex()
+                    + "' WHERE rowid IN (4, 5)");
         QVERIFY(w->mnuBildDatenbankpfad->isChecked());
         // One blank is no entry; the internal pane has nothing either, so the external one shows.
         zeile(1);
@@ -121,7 +125,8 @@ private slots:
         QFile::remove(bilder() + "c1.png");
         w->cboBildpfad->setCurrentIndex(0);
         emit w->cboBildpfad->activated(0);
-        QCOMPARE(Attrappen::dialoge().meldungsTexte().last(), bilder() + "c1.png\n\nBild nicht gefunden");
+        QCOMPARE(Attrappen::dialoge().meldungsTexte().last(),
+                 bilder() + "c1.png\n\nBild nicht gefunden");
         // Its entries all gone, the record shows its internal cover, and keeps its field.
         zeile(4);
         QVERIFY(!w->chkBildpfad->isChecked());
@@ -156,14 +161,21 @@ private slots:
     void kaputteUndFehlendeBilder()
     {
         const QByteArray gut = png(Qt::red);
-        starten({{{"Band", "A"}, {"LPTitel", "kaputt"}, {"BildPfad", "/a/kaputt.jpg°"}, {"Stil", "Rock"}},
+        starten({{{"Band", "A"},
+                  {"LPTitel", "kaputt"},
+                  {"BildPfad", "/a/kaputt.jpg°"},
+                  {"Stil", "Rock"}},
                  {{"Band", "B"}, {"LPTitel", "leer"}, {"BildPfad", "/a/leer.png°"}},
                  {{"Band", "C"}, {"LPTitel", "halb"}, {"BildPfad", "/a/halb.png°"}},
                  {{"Band", "D"}, {"LPTitel", "riesig"}, {"BildPfad", "/a/riesig.bmp°"}},
                  {{"Band", "E°"}, {"LPTitel", "Grad"}},
                  {{"Band", "F"}, {"LPTitel", "innen"}, {"Stil", "Jazz"}}},
-                {{"kaputt.jpg", "\xff\xd8\xff\xe0 kein Bild"}, {"leer.png", ""}, {"halb.png", gut.left(gut.size() / 2)},
-                 {"riesig.bmp", riesig()}, {"E° - Grad.png", gut}, {"A - kaputt.jpg", "Müll"},
+                {{"kaputt.jpg", "\xff\xd8\xff\xe0 kein Bild"},
+                 {"leer.png", ""},
+                 {"halb.png", gut.left(gut.size() / 2)},
+                 {"riesig.bmp", riesig()},
+                 {"E° - Grad.png", gut},
+                 {"A - kaputt.jpg", "Müll"},
                  {"D - riesig.bmp", riesig()}},
                 {{"HäkchenBildpfad", "1"}, {"TopRow", "1"}},
                 "UPDATE Schallplatten SET Bilder = X'89504e470d0a1a0a0000' WHERE rowid = 6", true);
@@ -204,7 +216,8 @@ private slots:
             zeilen << Zeilenwerte{{"Band", band}, {"LPTitel", "Platte"}};
             dateien.insert(band + " - Platte.png", png(QColor::fromHsv(i * 10, 200, 200)));
         }
-        zeilen << Zeilenwerte{{"Band", "Band 05"}, {"LPTitel", "Platte"}} << Zeilenwerte{{"Band", "Ohne"}};
+        zeilen << Zeilenwerte{{"Band", "Band 05"}, {"LPTitel", "Platte"}}
+               << Zeilenwerte{{"Band", "Ohne"}};
         dateien.insert("Fremd - Niemand.png", png(Qt::black));
         starten(zeilen, dateien, {{"HäkchenBildpfad", "0"}, {"TopRow", "1"}}, {}, true);
         QCOMPARE(w->lstCover->count(), 31);
@@ -263,8 +276,13 @@ private slots:
     void streifenOhneAenderbareQuelle()
     {
         // A source that cannot be asked row by row is walked; the order is the folder's.
-        starten({{{"Band", "B"}, {"LPTitel", "2"}}, {{"Band", "A"}, {"LPTitel", "1"}}, {{"Band", "A"}, {"LPTitel", "1"}}},
-                {{"B - 2.jpg", png(Qt::red)}, {"a - 1.png", png(Qt::red)}, {"A - 1.png", png(Qt::red)}, {"C - 3.png", ""}},
+        starten({{{"Band", "B"}, {"LPTitel", "2"}},
+                 {{"Band", "A"}, {"LPTitel", "1"}},
+                 {{"Band", "A"}, {"LPTitel", "1"}}},
+                {{"B - 2.jpg", png(Qt::red)},
+                 {"a - 1.png", png(Qt::red)},
+                 {"A - 1.png", png(Qt::red)},
+                 {"C - 3.png", ""}},
                 {{"Data1RecordSource", "select Band, LPTitel from Schallplatten order by Band"}});
         QCOMPARE(w->lstCover->count(), 3);
         QCOMPARE(w->lstCover->item(0)->text(), QString("A - 1.png"));
@@ -275,9 +293,9 @@ private slots:
     void entfernen()
     {
         const QByteArray rot = png(Qt::red);
-        const QString katalog =
-            starten({{{"Band", "A"}, {"LPTitel", "x"}, {"BildPfad", "/alt/a.png°/alt/b.png°"}}},
-                    {{"a.png", rot}, {"b.png", rot}}, {{"HäkchenBildpfad", "1"}});
+        const QString katalog
+            = starten({{{"Band", "A"}, {"LPTitel", "x"}, {"BildPfad", "/alt/a.png°/alt/b.png°"}}},
+                      {{"a.png", rot}, {"b.png", rot}}, {{"HäkchenBildpfad", "1"}});
         QCOMPARE(w->cboBildpfad->count(), 2);
         // "Nein" changes nothing.
         Attrappen::dialoge().antwortenMsg << "Nein";
@@ -302,8 +320,9 @@ private slots:
 
     void internesBildLoeschen()
     {
-        const QString katalog = starten({{{"Band", "A"}, {"LPTitel", "x"}}}, {}, {{"HäkchenBildpfad", "0"}},
-                                        "UPDATE Schallplatten SET Bilder = X'" + png(Qt::green).toHex() + "'");
+        const QString katalog
+            = starten({{{"Band", "A"}, {"LPTitel", "x"}}}, {}, {{"HäkchenBildpfad", "0"}},
+                      "UPDATE Schallplatten SET Bilder = X'" + png(Qt::green).toHex() + "'");
         QVERIFY(!w->chkBildpfad->isChecked());
         QVERIFY(!w->Bild1->Bild().isNull());
         Attrappen::dialoge().antwortenMsg << "Ja";
