@@ -192,6 +192,19 @@ private slots:
         QCOMPARE(w->TextStil->text(), QString("Jazz"));
         QVERIFY(w->Bild1->Bild().isNull());
         QVERIFY(w->chkBildpfad->isChecked());
+        // A JPEG that claims 20,000 x 20,000 pixels is read scaled, never at its full size.
+        QByteArray jpeg;
+        {
+            QBuffer puffer(&jpeg);
+            puffer.open(QIODevice::WriteOnly);
+            QImage(64, 64, QImage::Format_RGB32).save(&puffer, "JPEG");
+        }
+        const qsizetype sof = jpeg.indexOf("\xff\xc0");
+        QVERIFY(sof > 0);
+        qToBigEndian<quint16>(20000, jpeg.data() + sof + 5);
+        qToBigEndian<quint16>(20000, jpeg.data() + sof + 7);
+        const QPixmap klein = Coververwaltung::BildLesen(jpeg, QSize(88, 62));
+        QVERIFY(klein.width() <= 88 && klein.height() <= 62);
         // The strip: the name with "°" shows, the damaged ones stay blank.
         QCOMPARE(w->lstCover->count(), 3);
         QVERIFY(cv().CoverLetzterPlatz >= 2);
