@@ -7,6 +7,7 @@
 #include "catalogue/Recordset.h"
 #include "catalogue/Tabellenansicht.h"
 #include "catalogue/Textregeln.h"
+#include "media/Coververwaltung.h"
 #include "media/Rtf.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -82,13 +83,11 @@ void Datensatzansicht::GebundeneFelderLaden()
             TextfensterSetzen(text, wert);
         }
     }
-    QPixmap bild;
-    if (rs) {
-        const QByteArray bytes = rs->Value(QStringLiteral("Bilder")).toByteArray();
-        if (!bytes.isEmpty())
-            bild.loadFromData(bytes);
-    }
-    box.Bild1->setBild(bild);
+    // A damaged or huge picture gives an empty pane, never a stop of the record.
+    box.Bild1->setBild(
+        rs ? Coververwaltung::BildLesen(rs->Value(QStringLiteral("Bilder")).toByteArray(),
+                                        box.Bild1->contentsRect().size())
+           : QPixmap());
     m_geaenderteTexte.clear();
     m_gebundenLaden = false;
 }
@@ -144,6 +143,7 @@ void Datensatzansicht::Data1_Reposition()
     if (AutosizeLaeuft)
         return;
     box.cboBildpfad->clear();
+    box.coververwaltung().DatensatzCover();
     // While the playlist is the source, the index and the played marks count its rows:
     // the catalogue following the song takes neither.
     if (!PlaylistModus)
@@ -151,6 +151,7 @@ void Datensatzansicht::Data1_Reposition()
     TrackListeLaden();
     // The Track stars belong to the first Track of the new list.
     box.trackliste().BewertungTracks();
+    box.coververwaltung().DatensatzStreifen();
     AnzahlTontraeger();
     // The Track list was loaded just above.
     box.tabellenansicht().TabelleEinrichten(false);

@@ -354,12 +354,7 @@ void Ausgabebox::Form_Resize()
     setze(txtSongText, links(txtSongText), oben(txtSongText), weite(txtSongText),
           hoehe - oben(txtSongText) - 620);
 
-    const int anzahl = (hoehe - 1900) / 970;
-    const int letzte = std::max(0, int(lstCover->count()) - 1);
-    Coververwaltung& cover = coververwaltung();
-    cover.CoverLetzterPlatz = std::max(0, std::min({anzahl, letzte, 21}));
-    cover.CoverStart = cover.CoverStart - cover.CoverLetzterPlatz - 1;
-    cover.CoverDown();
+    coververwaltung().CoverPlaetzeAnpassen();
 
     // The running title lives in the caption of the minimised window.
     if (mnuLaufschrift->isChecked() && staBar->PanelText(2).contains(u"playing:")) {
