@@ -98,6 +98,10 @@ void Suche::MenuSuchen_Click()
         box.coververwaltung().CoverDown();
         Mauszeiger(ZeigerStandard);
     } catch (const Laufzeitfehler& fehler) {
+        // Left set, the flag would keep the next playlist load from asking for its file.
+        SongBewertungSuche = false;
+        box.ProgressBar1->hide();
+        Mauszeiger(ZeigerStandard);
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_MenuSuchen_Click"));
     }
 }

@@ -9,6 +9,7 @@
 #include "catalogue/FlexGrid.h"
 #include "collections/Suchanfrage.h"
 #include "collections/Suchbox.h"
+#include "platform/Mauszeiger.h"
 #include "platform/Textdatei.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -209,6 +210,13 @@ private slots:
             nurSpalte(s, 0);
             s->txtSuchen->setText("a");
         });
+        // A find text left by the find dialog is no statement: the error box, the pointer back.
+        SuchAbfrage = "Abba";
+        ModalBedienen([](QDialog* d) { QVERIFY(Klicken(d, "ButtonAbbrechen")); });
+        w->MenuSuchen->trigger();
+        QCOMPARE(Attrappen::dialoge().meldungen().last().titel, QString("Ausgabebox_MenuSuchen_Click"));
+        QCOMPARE(MauszeigerArt(), ZeigerStandard);
+        Attrappen::dialoge().leeren();
         FensterStarten(w, {.katalog = katalog, .zuruecksetzen = false});
         QCOMPARE(spalte("Band"), (QStringList{"Abba", "Bach", "Cream"}));
         QCOMPARE(w->lblTabellenName->text(), QString("a"));
