@@ -1,5 +1,7 @@
 #include "Benchkatalog.h"
 
+#include "catalogue/Datenbank.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -119,8 +121,12 @@ QString KatalogImCache(int zeilen)
             + QStringLiteral("/rillenkammer-bench");
     }
     const QString pfad = ordner + QStringLiteral("/Sammlung-%1.db").arg(zeilen);
-    if (QFileInfo::exists(pfad))
+    if (QFileInfo::exists(pfad)) {
+        // Opened once, a catalogue made by an older program gets the indexes the program
+        // makes at a first opening: each run's copy then starts as a user's does daily.
+        Datenbank::oeffnen(pfad);
         return pfad;
+    }
     QDir().mkpath(ordner);
     // Made under another name first, so that a run stopped halfway leaves no catalogue.
     const QString entstehend = pfad + QStringLiteral(".entsteht");
