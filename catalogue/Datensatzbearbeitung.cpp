@@ -11,7 +11,6 @@
 #include "media/Coververwaltung.h"
 #include "media/Textfenster.h"
 #include "platform/Dialogdienst.h"
-#include "platform/Dienste.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -193,9 +192,14 @@ void Datensatzbearbeitung::MenuEintragLoeschen_Click()
             // The record must be the one of the row: a refused move leaves another one current.
             if (rs->AbsolutePosition() != zeile - 1)
                 break;
+            // The Carrier's cover goes with it, to the trash, by the cover removal.
             const QString cover = box.cboBildpfad->currentText();
-            if (!cover.isEmpty() && !cover.endsWith(u'/') && !cover.endsWith(u'\\') && QFile::exists(cover))
-                D().papierkorb().verschieben(cover);
+            if (!cover.isEmpty() && !cover.endsWith(u'/') && !cover.endsWith(u'\\') && QFile::exists(cover)) {
+                Coververwaltung& covers = box.coververwaltung();
+                covers.ExterneDateiLoeschen = true;
+                covers.ExternesCoverEntfernen();
+                covers.ExterneDateiLoeschen = false;
+            }
             rs->Delete();
         }
     } catch (const Laufzeitfehler& fehler) {

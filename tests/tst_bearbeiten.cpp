@@ -123,6 +123,7 @@ private slots:
         QCOMPARE(KatalogSpalte(katalog, "Band"), (QStringList{"A", "G", "H"}));
         QCOMPARE(w->MSFlexGrid1->Rows(), 4);
         QCOMPARE(Attrappen::papierkorb().verschoben, QStringList{cover});
+        QVERIFY(Attrappen::klang().gespielt.contains(ProgrammOrdner + "Matsch.wav"));
     }
 
     // Marked from the bottom up, with Shift or with Ctrl: exactly the marked Carriers go.
