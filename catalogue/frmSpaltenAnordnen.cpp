@@ -172,12 +172,7 @@ frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
 
 void frmSpaltenAnordnen::RegistryLesen()
 {
-    QFont schrift = font();
-    schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    const auto groesse = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10")));
-    if (groesse && *groesse > 0 && *groesse < 200)
-        schrift.setPointSizeF(*groesse);
-    setFont(schrift);
+    ProgrammschriftSetzen(this);
 }
 
 void frmSpaltenAnordnen::Form_Load()

@@ -68,12 +68,7 @@ void Ausschlussfenster::Anzeigen() { exec(); }
 
 void Ausschlussfenster::SchriftLesen()
 {
-    QFont schrift = m_liste->font();
-    schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    const auto groesse = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10")));
-    if (groesse && *groesse > 0 && *groesse < 200)
-        schrift.setPointSizeF(*groesse);
-    m_liste->setFont(schrift);
+    ProgrammschriftSetzen(m_liste);
 }
 
 void Ausschlussfenster::EintraegeSetzen(const QStringList& eintraege)

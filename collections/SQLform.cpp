@@ -9,7 +9,6 @@
 #include "shell/Grundregeln.h"
 #include "shell/Steuerelemente.h"
 
-#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -137,16 +136,7 @@ void SQLform::RegistryLesen()
     move(links, oben);
     resize(breite, hoehe);
 
-    QFont schrift = TextSQL->font();
-    schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    if (const auto v = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10"))); v && *v > 0 && *v < 200)
-        schrift.setPointSizeF(*v);
-    TextSQL->setFont(schrift);
-    // The list takes what the field got, so that both show the same font.
-    QFont gleich = ListSQL->font();
-    gleich.setFamily(QFontInfo(TextSQL->font()).family());
-    gleich.setPointSizeF(TextSQL->font().pointSizeF());
-    ListSQL->setFont(gleich);
+    ProgrammschriftSetzen(TextSQL, {ListSQL});
 }
 
 void SQLform::Form_Load()

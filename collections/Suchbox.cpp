@@ -11,7 +11,6 @@
 #include "shell/Symbole.h"
 
 #include <QEvent>
-#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -117,16 +116,7 @@ Suchbox::Suchbox(QWidget* eltern)
 
 void Suchbox::Form_Load()
 {
-    QFont schrift = txtSuchen->font();
-    schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
-    if (const auto v = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10"))); v && *v > 0 && *v < 200)
-        schrift.setPointSizeF(*v);
-    txtSuchen->setFont(schrift);
-    // The others take what the field got, so that all show the same font.
-    QFont gleich = txtSuchen->font();
-    gleich.setFamily(QFontInfo(txtSuchen->font()).family());
-    txtErsetzen->setFont(gleich);
-    lstStil->setFont(gleich);
+    ProgrammschriftSetzen(txtSuchen, {txtErsetzen, lstStil});
 
     lstAusschluss->clear();
     for (const QString& zeile : AusschlussEintraege(ProgrammOrdner + StilAusschlussDateiAbspielen))

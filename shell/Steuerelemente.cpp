@@ -1,9 +1,13 @@
 #include "shell/Steuerelemente.h"
 
+#include "shell/Einstellungen.h"
+#include "shell/Grundregeln.h"
+
 #include <QAction>
 #include <QCheckBox>
 #include <QCollator>
 #include <QDir>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -19,6 +23,21 @@ QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& t
     if (!tipp.isEmpty())
         k->setToolTip(tipp);
     return k;
+}
+
+void ProgrammschriftSetzen(QWidget* feld, std::initializer_list<QWidget*> andere)
+{
+    QFont schrift = feld->font();
+    schrift.setFamily(Lesen(QStringLiteral("ProgSchriftName"), QStringLiteral("Segoe UI")));
+    if (const auto v = Zahl(Lesen(QStringLiteral("ProgSchriftSize"), QStringLiteral("10"))); v && *v > 0 && *v < 200)
+        schrift.setPointSizeF(*v);
+    feld->setFont(schrift);
+    for (QWidget* w : andere) {
+        QFont gleich = w->font();
+        gleich.setFamily(QFontInfo(feld->font()).family());
+        gleich.setPointSizeF(feld->font().pointSizeF());
+        w->setFont(gleich);
+    }
 }
 
 void KlickVerbinden(QCheckBox* kasten, const QObject* kontext, std::function<void()> handler)

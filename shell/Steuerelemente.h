@@ -20,6 +20,11 @@ class QPushButton;
 // button by itself (the dialog says which one is).
 QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp = {});
 
+// The program font of the settings (ProgSchriftName, ProgSchriftSize) on the control; the
+// others take name and size from what it got, so that a font the system cannot give is
+// replaced alike everywhere.
+void ProgrammschriftSetzen(QWidget* feld, std::initializer_list<QWidget*> andere = {});
+
 // The one rule for check boxes: the Click handler runs whenever the value really changes,
 // by a click or set in code, as the boxes of the system always have. Code that sets a box
 // therefore never calls its handler itself. Every box with a handler is wired here.
