@@ -287,22 +287,6 @@ private slots:
         QVERIFY(f->windowState() & Qt::WindowMaximized);
     }
 
-    void menueOeffnetEinenEditor()
-    {
-        std::unique_ptr<Ausgabebox> w;
-        FensterStarten(w, {.zeilen = {{{"Band", "Abba"}}}});
-        QCOMPARE(w->mnuExtras->actions().at(w->mnuExtras->actions().size() - 2), w->mnuTexteditor);
-        QCOMPARE(w->mnuTexteditor->text(), u"Texteditor..."_s);
-        QVERIFY(w->mnuTexteditor->isEnabled());
-        w->mnuTexteditor->trigger();
-        f = w->findChild<frmEditor*>(u"frmEditor"_s);
-        QVERIFY(f && f->isVisible() && f->isWindow());
-        w->mnuTexteditor->trigger();
-        QCOMPARE(w->findChildren<frmEditor*>().size(), 1);
-        w.reset();
-        QVERIFY(!f);
-    }
-
     void suchformNimmtTexteUndGanzesWort()
     {
         SuchAbfrage = u"alt"_s;

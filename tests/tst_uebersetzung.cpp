@@ -274,24 +274,6 @@ private slots:
         QVERIFY(sprache.gesagt.isEmpty());
     }
 
-    void extrasOeffnetDasFenster()
-    {
-        starten();
-        QAction* eintrag = w->mnuExtras->actions().last();
-        QCOMPARE(eintrag->text(), u"Übersetzen und Vorlesen..."_s);
-        QCOMPARE(eintrag, w->mnuUebersetzenVorlesen);
-        QVERIFY(eintrag->isEnabled());
-        QString titel;
-        ModalBedienen([&titel](QDialog* d) {
-            titel = d->windowTitle();
-            QVERIFY(Klicken(d, u"cmdButton(3)"_s));
-        });
-        eintrag->trigger();
-        QVERIFY(ModalBedient());
-        QCOMPARE(titel, u"Textübersetzung mit Google"_s);
-        QCOMPARE(Lesen(u"VonSprache"_s), u"DE - Deutsch"_s);
-    }
-
     void echteSprachausgabeSprichtUndWirdFertig()
     {
         // Build containers have neither sound nor a speech daemon that could finish.
