@@ -1,6 +1,7 @@
 #include "catalogue/FlexGrid.h"
 
 #include "catalogue/Recordset.h"
+#include "catalogue/Textregeln.h"
 #include "platform/Einheiten.h"
 
 #include <QAbstractTableModel>
@@ -223,9 +224,32 @@ int FlexGrid::ZeileSuchen(const QString& bedingung, const QVariantList& werte,
                           const std::function<bool(int zeile)>& passt) const
 {
     const Recordset* rs = m_modell->rs;
+    return ZeileSuchen(rs ? rs->RowIds(bedingung, werte) : std::nullopt, passt);
+}
+
+int FlexGrid::TextSuchen(const QString& begriff, const std::function<bool(int zeile)>& passt) const
+{
+    const Recordset* rs = m_modell->rs;
+    if (!rs)
+        return ZeileSuchen(std::nullopt, passt);
+    QStringList koepfe;
+    for (int c = 0; c < Cols(); ++c)
+        koepfe << TextMatrix(0, c);
+    if (auto kandidaten = rs->TextKandidaten(begriff, koepfe))
+        return ZeileSuchen(kandidaten, passt);
+    QStringList klauseln;
+    for (int c = 0; c < Cols(); ++c)
+        klauseln << SqlName(c) + QStringLiteral(" GLOB ?1");
+    return ZeileSuchen(klauseln.join(QStringLiteral(" OR ")), {u'*' + GlobOhneGrossKlein(begriff) + u'*'}, passt);
+}
+
+int FlexGrid::ZeileSuchen(const std::optional<QSet<qint64>>& kandidaten,
+                          const std::function<bool(int zeile)>& passt) const
+{
+    const Recordset* rs = m_modell->rs;
     // Only the rows that can match are read, in the recordset's order; where the catalogue
     // cannot be asked, every row is.
-    if (const auto kandidaten = rs ? rs->RowIds(bedingung, werte) : std::nullopt) {
+    if (rs && kandidaten) {
         for (int position = rs->ErstePosition(*kandidaten); position >= 0;
              position = rs->ErstePosition(*kandidaten, position + 1))
             if (passt(position + 1))

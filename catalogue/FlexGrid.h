@@ -3,10 +3,12 @@
 // the records from row 1 on, in recordset order. It speaks in the terms the procedures
 // use: Rows, Cols, Row, Col, RowSel, ColSel, TopRow, TextMatrix, ColWidth in twips,
 // Redraw. Columns can be moved; a moved column takes its width along.
+#include <QSet>
 #include <QTableView>
 #include <QVariantList>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class Recordset;
@@ -41,6 +43,10 @@ public:
     // the condition must pick every row passt may hold for (?1, ?2 ... take the values).
     int ZeileSuchen(const QString& bedingung, const QVariantList& werte,
                     const std::function<bool(int zeile)>& passt) const;
+    int ZeileSuchen(const std::optional<QSet<qint64>>& kandidaten, const std::function<bool(int zeile)>& passt) const;
+    // The same for rows where some cell may contain the lower-case term, caselessly: the
+    // rows come from the catalogue's text index where it has one, else from one GLOB.
+    int TextSuchen(const QString& begriff, const std::function<bool(int zeile)>& passt) const;
     // A column of grid column c as an SQL name, for such a condition.
     QString SqlName(int spalte) const;
 

@@ -477,7 +477,9 @@ void Recordset::schreiben(bool neuerWirdAktuell)
         binden(a, index++, wert);
     if (!m_neu)
         sqlite3_bind_int64(a, index, m_rowids[size_t(m_position)]);
-    // One statement: SQLite writes it whole or not at all.
+    // One statement: SQLite writes it whole or not at all. The changes of the connection
+    // include those of triggers (the text index); all of them are this recordset's own.
+    const qint64 vorher = sqlite3_total_changes64(m_db.handle());
     const int rc = sqlite3_step(a);
     if (rc != SQLITE_DONE)
         m_db.fehlerWerfen(rc);
@@ -486,7 +488,7 @@ void Recordset::schreiben(bool neuerWirdAktuell)
     m_puffer.clear();
     const int geaendert = sqlite3_changes(m_db.handle());
     if (m_stand.aenderungen >= 0) {
-        m_stand.aenderungen += geaendert;
+        m_stand.aenderungen += sqlite3_total_changes64(m_db.handle()) - vorher;
         m_geschrieben.push_back(m_neu ? sqlite3_last_insert_rowid(m_db.handle()) : m_rowids[size_t(m_position)]);
     }
     if (!m_neu && geaendert == 0)
@@ -522,11 +524,12 @@ void Recordset::Delete()
     Anweisung anweisung = m_db.vorbereiten(QStringLiteral("DELETE FROM ") + namenZitieren(m_tabelle)
                                            + QStringLiteral(" WHERE rowid = ?1"));
     sqlite3_bind_int64(anweisung.get(), 1, m_rowids[size_t(m_position)]);
+    const qint64 vorher = sqlite3_total_changes64(m_db.handle());
     const int rc = sqlite3_step(anweisung.get());
     if (rc != SQLITE_DONE)
         m_db.fehlerWerfen(rc);
     if (m_stand.aenderungen >= 0)
-        m_stand.aenderungen += sqlite3_changes(m_db.handle());
+        m_stand.aenderungen += sqlite3_total_changes64(m_db.handle()) - vorher;
 
     const int entfernt = m_position;
     m_puffer.clear();

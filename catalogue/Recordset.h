@@ -107,6 +107,14 @@ public:
     // for a recordset that cannot be changed, or when the statement fails (a busy file).
     // The same question again on an unchanged file is answered without asking the file.
     std::optional<QSet<qint64>> RowIds(const QString& bedingung, const QVariantList& werte = {}) const;
+    // Rows where a cell of the named columns may hold the term, from the table's text
+    // index; nothing where the index cannot answer: none yet, a column it does not cover,
+    // a term of fewer than three characters.
+    std::optional<QSet<qint64>> TextKandidaten(const QString& begriff, const QStringList& spalten) const;
+    // True where the table has no ready text index and the file could take one.
+    bool TextindexFehlt() const;
+    // Builds it; weiter(gelesen, gesamt) may stop it, and the file is then unchanged.
+    bool TextindexAnlegen(const std::function<bool(qint64, qint64)>& weiter);
     // The first position from von on whose rowid is in the set; -1 when there is none.
     int ErstePosition(const QSet<qint64>& rowids, int von = 0) const;
 
@@ -190,6 +198,11 @@ private:
         QSet<qint64> treffer;
     };
     mutable std::optional<Suche> m_letzteSuche;
+    // The columns the text index covers, empty while it is not ready; asked anew when the
+    // schema changes.
+    mutable qint64 m_indexSchema = -1;
+    mutable QStringList m_indexSpalten;
+    const QStringList& textindexSpalten() const;
     int m_position = -1;
     bool m_neu = false;
     QHash<int, QVariant> m_puffer; // column to pending value

@@ -3,6 +3,7 @@
 #include "catalogue/Recordset.h"
 #include "catalogue/RecordsetIntern.h"
 
+#include "catalogue/Textindex.h"
 #include "catalogue/Textregeln.h"
 #include "platform/Laufzeitfehler.h"
 
@@ -191,6 +192,51 @@ std::optional<QSet<qint64>> Recordset::RowIds(const QString& bedingung, const QV
         return std::nullopt;
     m_letzteSuche = Suche{bedingung, werte, stand, treffer};
     return treffer;
+}
+
+const QStringList& Recordset::textindexSpalten() const
+{
+    const qint64 schema = standLesen().schema;
+    if (schema != m_indexSchema) {
+        m_indexSchema = schema;
+        const QStringList spalten = Textindex::Spalten(m_db.handle(), m_tabelle);
+        m_indexSpalten = Textindex::Bereit(m_db.handle(), m_tabelle, spalten) ? spalten : QStringList();
+    }
+    return m_indexSpalten;
+}
+
+std::optional<QSet<qint64>> Recordset::TextKandidaten(const QString& begriff, const QStringList& spalten) const
+{
+    if (!Updatable() || Textindex::Abfrage(begriff).isEmpty())
+        return std::nullopt;
+    const QStringList& gedeckt = textindexSpalten();
+    if (gedeckt.isEmpty())
+        return std::nullopt;
+    // A picture shows no text; any other column must be one the index holds.
+    for (const QString& spalte : spalten) {
+        const int k = FieldIndex(spalte);
+        if (!(k >= 0 && m_istBlob[size_t(k)]) && !gedeckt.contains(spalte, Qt::CaseInsensitive))
+            return std::nullopt;
+    }
+    const Stand stand = standLesen();
+    const QString frage = QStringLiteral("\x01Textindex ") + begriff;
+    if (m_letzteSuche && m_letzteSuche->stand == stand && m_letzteSuche->sql == frage)
+        return m_letzteSuche->treffer;
+    auto treffer = Textindex::Kandidaten(m_db.handle(), m_tabelle, begriff);
+    if (treffer)
+        m_letzteSuche = Suche{frage, {}, stand, *treffer};
+    return treffer;
+}
+
+bool Recordset::TextindexFehlt() const
+{
+    return Updatable() && !m_db.schreibgeschuetzt() && textindexSpalten().isEmpty()
+        && !Textindex::Spalten(m_db.handle(), m_tabelle).isEmpty();
+}
+
+bool Recordset::TextindexAnlegen(const std::function<bool(qint64, qint64)>& weiter)
+{
+    return Updatable() && Textindex::Anlegen(m_db.handle(), m_tabelle, weiter);
 }
 
 int Recordset::ErstePosition(const QSet<qint64>& rowids, int von) const

@@ -7,6 +7,7 @@
 #include "catalogue/Datenbank.h"
 #include "catalogue/Datensteuerung.h"
 #include "catalogue/FlexGrid.h"
+#include "catalogue/Recordset.h"
 #include "catalogue/Katalogdatei.h"
 #include "catalogue/Textregeln.h"
 #include "collections/Playlisten.h"
@@ -35,6 +36,9 @@
 #include <QTreeWidget>
 
 #include <sqlite3.h>
+
+#include <algorithm>
+#include <climits>
 
 void Suche::verbinden()
 {
@@ -264,13 +268,8 @@ bool Suche::TabelleDurchsuchenNach(const QString& begriff, bool mitTon, bool von
     if (vonVorn || begriff != box.LetzterSuchtext || box.SuchZeile == 0)
         box.SuchZeile = 1;
     FlexGrid* g = box.MSFlexGrid1;
-    // The catalogue names the rows where some cell can hold the term, so that a large
-    // table is not read cell by cell; each is then looked at as the table shows it.
-    QStringList klauseln;
-    for (int c = 0; c < g->Cols(); ++c)
-        klauseln << g->SqlName(c) + QStringLiteral(" GLOB ?1");
-    const QString muster = u'*' + GlobOhneGrossKlein(begriff) + u'*';
-    const int treffer = g->ZeileSuchen(klauseln.join(QStringLiteral(" OR ")), {muster}, [&](int z) {
+    TextindexBereitstellen();
+    const int treffer = g->TextSuchen(begriff, [&](int z) {
         if (z < box.SuchZeile)
             return false;
         bool zelle = false;
@@ -303,6 +302,44 @@ bool Suche::TabelleDurchsuchenNach(const QString& begriff, bool mitTon, bool von
     }
     Mauszeiger(ZeigerStandard);
     return treffer >= 1;
+}
+
+void Suche::TextindexBereitstellen()
+{
+    // A catalogue gets its text index at its first walk, once, so that later walks and
+    // every start of a playlist's song read a few rows instead of the whole table. Esc
+    // leaves it without for this session; the walk then reads the table.
+    Recordset* rs = box.Data1->recordset();
+    const Datenbank* db = box.Data1->database();
+    if (!rs || !db || m_indexBau || db->pfad() == m_ohneIndex || !rs->TextindexFehlt())
+        return;
+    m_indexBau = true;
+    Abbruch = false;
+    const QString stand = box.staBar->PanelText(1);
+    bool gezeigt = false;
+    bool fertig;
+    {
+        const EscAbbruch esc(true);
+        fertig = rs->TextindexAnlegen([&](qint64 gelesen, qint64 gesamt) {
+            if (!gezeigt) {
+                gezeigt = true;
+                box.staBar->setPanelText(1, QStringLiteral(" Suchverzeichnis wird angelegt..."));
+                box.ProgressBar1->setRange(0, int(std::clamp<qint64>(gesamt, 1, INT_MAX)));
+                box.ProgressBar1->show();
+            }
+            box.ProgressBar1->setValue(int(std::min<qint64>(gelesen, INT_MAX)));
+            EreignisseZulassen();
+            return !Abbruch;
+        });
+    }
+    if (gezeigt) {
+        box.ProgressBar1->hide();
+        box.staBar->setPanelText(1, stand);
+    }
+    Abbruch = false;
+    m_indexBau = false;
+    if (!fertig)
+        m_ohneIndex = db->pfad();
 }
 
 bool Suche::DatensatzZeigtBegriff(const QString& begriff)

@@ -29,4 +29,8 @@ private:
     bool DatensatzZeigtBegriff(const QString& begriff);
     static bool TextMarkieren(QTextEdit* text, const QString& begriff);
     void SuchfeldFaerben(qint64 farbe);
+    void TextindexBereitstellen();
+
+    bool m_indexBau = false;
+    QString m_ohneIndex; // the catalogue whose index was refused or stopped this session
 };

@@ -16,6 +16,12 @@ void EreignisseZulassen() { QCoreApplication::processEvents(); }
 namespace {
 
 class EscFilter : public QObject {
+public:
+    explicit EscFilter(bool sperren)
+        : m_sperren(sperren)
+    {
+    }
+
 protected:
     bool eventFilter(QObject* objekt, QEvent* ereignis) override
     {
@@ -23,14 +29,33 @@ protected:
             Abbruch = true;
             return true;
         }
+        if (m_sperren) {
+            switch (ereignis->type()) {
+            case QEvent::KeyPress:
+            case QEvent::KeyRelease:
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonDblClick:
+            case QEvent::Wheel:
+            case QEvent::Shortcut:
+            case QEvent::Close:
+                ereignis->ignore();
+                return true;
+            default:
+                break;
+            }
+        }
         return QObject::eventFilter(objekt, ereignis);
     }
+
+private:
+    bool m_sperren;
 };
 
 } // namespace
 
-EscAbbruch::EscAbbruch()
-    : m_filter(new EscFilter)
+EscAbbruch::EscAbbruch(bool eingabeSperren)
+    : m_filter(new EscFilter(eingabeSperren))
 {
     QCoreApplication::instance()->installEventFilter(m_filter);
 }

@@ -16,7 +16,9 @@ void Warten(int ms);
 // lets events run can be stopped wherever the focus stands.
 class EscAbbruch {
 public:
-    EscAbbruch();
+    // eingabeSperren swallows every other key, click and window close meanwhile: for work
+    // inside a transaction that nothing the user starts may join.
+    explicit EscAbbruch(bool eingabeSperren = false);
     ~EscAbbruch();
     EscAbbruch(const EscAbbruch&) = delete;
     EscAbbruch& operator=(const EscAbbruch&) = delete;

@@ -1,6 +1,7 @@
 #include "Benchkatalog.h"
 
 #include "catalogue/Datenbank.h"
+#include "catalogue/Recordset.h"
 
 #include <QDir>
 #include <QFile>
@@ -123,8 +124,15 @@ QString KatalogImCache(int zeilen)
     const QString pfad = ordner + QStringLiteral("/Sammlung-%1.db").arg(zeilen);
     if (QFileInfo::exists(pfad)) {
         // Opened once, a catalogue made by an older program gets the indexes the program
-        // makes at a first opening: each run's copy then starts as a user's does daily.
-        Datenbank::oeffnen(pfad);
+        // makes at a first opening, and the text index of a first search: each run's copy
+        // then starts and searches as a user's does daily.
+        auto db = Datenbank::oeffnen(pfad);
+        Recordset tabelle(*db, QStringLiteral("select * from Schallplatten"));
+        if (tabelle.TextindexFehlt()) {
+            std::printf("building the text index of %s ...\n", qPrintable(pfad));
+            std::fflush(stdout);
+            tabelle.TextindexAnlegen({});
+        }
         return pfad;
     }
     QDir().mkpath(ordner);
