@@ -8,11 +8,13 @@
 // --ohne makes no cover files, for the same figures without covers.
 #include "support/Benchkatalog.h"
 
+#include "catalogue/Datensatzbearbeitung.h"
 #include "catalogue/FlexGrid.h"
 #include "media/Coververwaltung.h"
 #include "shell/Anwendung.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
+#include "shell/Steuerelemente.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -134,6 +136,21 @@ int main(int argc, char** argv)
         seiten.push_back(messen([&] { w->cmdCoverUp->click(); }));
     bericht("strip page backwards (read before)", seiten);
     std::printf("%-40s %8d\n", "thumbnails per page", w->coververwaltung().CoverLetzterPlatz + 1);
+    // Saves of the record in the middle: one that keeps its name, one that renames it (its
+    // cover leaves the strip and comes back on the next).
+    std::vector<double> speichern, umbenennen;
+    for (int i = 0; i < 10; ++i) {
+        w->TextInfo->setText(QStringLiteral("Info %1").arg(i));
+        speichern.push_back(messen([&] { w->datensatzbearbeitung().MenuSpeichern_Click(); }));
+        const QString titel = w->TextLPTitel->text();
+        w->TextLPTitel->setText(titel + QStringLiteral(" x"));
+        umbenennen.push_back(messen([&] { w->datensatzbearbeitung().MenuSpeichern_Click(); }));
+        w->TextLPTitel->setText(titel);
+        w->datensatzbearbeitung().MenuSpeichern_Click();
+    }
+    bericht("Ctrl+S, name kept", speichern);
+    bericht("Ctrl+S, title changed", umbenennen);
+    std::printf("%-40s %8d\n", "covers in the strip after", int(w->lstCover->count()));
     std::printf("%-40s %8.0f MB\n", "resident memory", double(residentKb()) / 1024.0);
     delete w;
     EinstellungenSchliessen();

@@ -25,6 +25,9 @@
 #include <QLabel>
 #include <QTextEdit>
 
+#include <sqlite3.h>
+
+#include <optional>
 #include <vector>
 
 namespace {
@@ -119,6 +122,21 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
     const int spalteTitel = box.MSFlexGrid1->SpalteSuchen(QStringLiteral("LPTitel"));
     const QString band = box.TextBand->text();
     const QString titel = box.TextLPTitel->text();
+    // The record's name in the table before the save, for the strip of covers.
+    const bool listeGalt = box.coververwaltung().ListeGiltFuerTabelle();
+    std::optional<QString> alterName;
+    qint64 gespeichert = -1;
+    const bool neu = quelle && quelle->Updatable() && quelle->EditPending() && quelle->AbsolutePosition() < 0;
+    if (quelle && quelle->Updatable() && quelle->AbsolutePosition() >= 0) {
+        gespeichert = quelle->RowId(quelle->AbsolutePosition());
+        if (spalteBand >= 0 && spalteTitel >= 0) {
+            const int z = quelle->AbsolutePosition() + 1;
+            alterName = box.MSFlexGrid1->TextMatrix(z, spalteBand) + QStringLiteral(" - ")
+                + box.MSFlexGrid1->TextMatrix(z, spalteTitel);
+        }
+    }
+    const Datenbank* db = box.Data1->database();
+    const qint64 letzteNeue = db ? sqlite3_last_insert_rowid(db->handle()) : 0;
     try {
         box.Data1->Refresh();
     } catch (const Laufzeitfehler& fehler) {
@@ -147,7 +165,14 @@ void Datensatzbearbeitung::MenuSpeichern_Click()
         }
         g->setRedraw(true);
     }
-    box.coververwaltung().CoverAktualisieren();
+    // Whether the saved row is in the table now, the new one by the rowid it was given.
+    if (neu && box.Data1->database() == db && db && sqlite3_last_insert_rowid(db->handle()) != letzteNeue)
+        gespeichert = sqlite3_last_insert_rowid(db->handle());
+    const Recordset* nachher = box.Data1->recordset();
+    const bool imGrid = gespeichert >= 0 && nachher && nachher->Updatable() && nachher->Position(gespeichert) >= 0;
+    box.coververwaltung().CoverNachSpeichern(listeGalt && spalteBand >= 0 && spalteTitel >= 0,
+                                             alterName ? &*alterName : nullptr,
+                                             band + QStringLiteral(" - ") + titel, imGrid);
     Mauszeiger(ZeigerStandard);
 }
 

@@ -19,6 +19,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 
 namespace {
@@ -38,6 +39,15 @@ void Anhaenge::verbinden()
     connect(box.imgEbookPlay, &Bildknopf::clicked, this, [this] { imgEbookPlay_Click(); });
     for (Bildknopf* k : {box.imgEbookOpen, box.imgEbookKill, box.imgEbookPlay})
         k->setEnabled(true);
+    box.cboEbook->installEventFilter(this);
+}
+
+bool Anhaenge::eventFilter(QObject* objekt, QEvent* ereignis)
+{
+    if (objekt == box.cboEbook && ereignis->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent*>(ereignis)->text() == QStringLiteral("'"))
+        return true;
+    return Teilbereich::eventFilter(objekt, ereignis);
 }
 
 void Anhaenge::eBookListe()

@@ -17,6 +17,10 @@ public:
     void imgEbookKill_Click();
     void imgEbookPlay_Click();
 
+protected:
+    // The apostrophe key does nothing in the list, as in every field of the record.
+    bool eventFilter(QObject* objekt, QEvent* ereignis) override;
+
 private:
     // The dialog's last place, empty until the first file is added.
     QString EbookPfad;

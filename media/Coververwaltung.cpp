@@ -171,6 +171,15 @@ void Coververwaltung::verbinden()
     BefehlVerbinden(box.mnuCoverPfadEnfernen, this, [this] { mnuCoverPfadEnfernen_Click(); });
     BefehlVerbinden(box.mnuBildDatenbankpfad, this,
                     [this](bool an) { mnuBildDatenbankpfad_Click(an); });
+    // Any change of the table's rows or heads leaves lstCover counted from another table.
+    const QAbstractItemModel* tabelle = box.MSFlexGrid1->model();
+    const auto ungueltig = [this] { m_listeGilt = false; };
+    connect(tabelle, &QAbstractItemModel::modelReset, this, ungueltig);
+    connect(tabelle, &QAbstractItemModel::rowsInserted, this, ungueltig);
+    connect(tabelle, &QAbstractItemModel::rowsRemoved, this, ungueltig);
+    connect(tabelle, &QAbstractItemModel::dataChanged, this, ungueltig);
+    connect(tabelle, &QAbstractItemModel::headerDataChanged, this, ungueltig);
+    connect(tabelle, &QAbstractItemModel::layoutChanged, this, ungueltig);
 }
 
 QString Coververwaltung::CoverOrdner() { return DatenbankOrdner + QStringLiteral("Bilder/"); }
@@ -376,20 +385,21 @@ void Coververwaltung::CoverListeAktuell()
     Mauszeiger(ZeigerSanduhr);
     FlexGrid* g = box.MSFlexGrid1;
     const Namensspalten spalten(g);
-    m_liste.clear();
-    QStringList dateien;
-    QSet<QString> namen;
+    QStringList dateien, dateiNamen;
+    // How many rows of the table bear each name of the folder.
+    QHash<QString, int> zeilen;
     for (int i = 0; i < box.filCover->ListCount(); ++i) {
         dateien << box.filCover->List(i);
-        namen.insert(OhneEndung(dateien.last()));
+        dateiNamen << OhneEndung(dateien.last());
+        zeilen.insert(dateiNamen.last(), 0);
     }
-    // How many rows of the table bear each name.
-    QHash<QString, int> zeilen;
+    const QStringList namen = zeilen.keys();
+    bool vollstaendig = true;
     if (spalten.da() && !namen.isEmpty()) {
         const Recordset* rs = g->recordset();
         // One pass over the table, however many files: the names go in as one JSON list.
         const QString liste = QString::fromUtf8(
-            QJsonDocument(QJsonArray::fromStringList(QStringList(namen.begin(), namen.end())))
+            QJsonDocument(QJsonArray::fromStringList(namen))
                 .toJson(QJsonDocument::Compact));
         // Rows whose two values are text: the catalogue names them, and their names, so that
         // no row has to be read. The others the table's own text decides.
@@ -403,9 +413,8 @@ void Coververwaltung::CoverListeAktuell()
                 if (const auto n = textNamen->constFind(rs->RowId(p)); n != textNamen->cend())
                     ++zeilen[*n];
         const auto zaehlen = [&](int zeile) {
-            const QString k = spalten.name(zeile);
-            if (namen.contains(k))
-                ++zeilen[k];
+            if (const auto z = zeilen.find(spalten.name(zeile)); z != zeilen.end())
+                ++*z;
         };
         if (kandidaten) {
             for (int p = rs->ErstePosition(*kandidaten); p >= 0;
@@ -420,29 +429,90 @@ void Coververwaltung::CoverListeAktuell()
                 if (z % 5000 == 0)
                     EreignisseZulassen();
             }
+            vollstaendig = !Abbruch;
             Abbruch = false;
         }
     }
-    for (const QString& datei : std::as_const(dateien))
-        for (int n = zeilen.value(OhneEndung(datei)); n > 0; --n)
-            m_liste << datei;
+    m_dateien = std::move(dateien);
+    m_dateiNamen = std::move(dateiNamen);
+    m_zeilen = std::move(zeilen);
+    m_liste.clear();
+    for (qsizetype i = 0; i < m_dateien.size(); ++i)
+        for (int n = m_zeilen.value(m_dateiNamen[i]); n > 0; --n)
+            m_liste << m_dateien[i];
     box.lstCover->clear();
     box.lstCover->addItems(m_liste);
     suchtexteBauen();
     m_gezeigt.clear();
+    m_listeGilt = vollstaendig && spalten.da();
     Mauszeiger(ZeigerStandard);
 }
 
-void Coververwaltung::CoverAktualisieren()
+void Coververwaltung::CoverNachSpeichern(bool galtVorher, const QString* alterName, const QString& neuerName,
+                                         bool imGrid)
+{
+    if (!galtVorher || !CoverOrdnerLesen()) {
+        CoverListeAktuell();
+        CoverPlaetzeAnpassen();
+        return;
+    }
+    // The saved record is the only row that changed: its old name loses a row, its new
+    // name gains one, where the folder has a file of that name. Each file of the name gets
+    // one place more or less at the end of its run in lstCover.
+    bool geaendert = false;
+    auto zaehlen = [&](const QString& name, int um) {
+        const auto z = m_zeilen.find(name);
+        if (z == m_zeilen.end() || *z + um < 0)
+            return;
+        const int alt = *z;
+        qsizetype stelle = 0;
+        for (qsizetype i = 0; i < m_dateien.size(); ++i) {
+            if (m_dateiNamen[i] != name) {
+                stelle += m_zeilen.value(m_dateiNamen[i]);
+                continue;
+            }
+            if (um > 0) {
+                m_liste.insert(stelle + alt, m_dateien[i]);
+                box.lstCover->insertItem(int(stelle + alt), m_dateien[i]);
+            } else {
+                m_liste.removeAt(stelle);
+                delete box.lstCover->takeItem(int(stelle));
+            }
+            stelle += alt + um;
+        }
+        *z = alt + um;
+        geaendert = true;
+    };
+    if (!(alterName && imGrid && *alterName == neuerName)) {
+        if (alterName)
+            zaehlen(*alterName, -1);
+        if (imGrid)
+            zaehlen(neuerName, +1);
+    }
+    if (geaendert) {
+        suchtexteBauen();
+        m_gezeigt.clear();
+    }
+    m_listeGilt = true;
+    CoverPlaetzeAnpassen();
+}
+
+bool Coververwaltung::CoverOrdnerLesen()
 {
     // A large folder takes long to list; one whose files did not change is not listed again.
     const QFileInfo ordner(CoverOrdner());
     const QString stand
         = CoverOrdner() + u'|' + QString::number(ordner.lastModified().toMSecsSinceEpoch());
-    if (stand != m_ordnerStand || MitSchraegstrich(box.filCover->Path()) != CoverOrdner()) {
-        box.filCover->setPath(CoverOrdner());
-        m_ordnerStand = ordner.exists() ? stand : QString();
-    }
+    if (stand == m_ordnerStand && MitSchraegstrich(box.filCover->Path()) == CoverOrdner())
+        return true;
+    box.filCover->setPath(CoverOrdner());
+    m_ordnerStand = ordner.exists() ? stand : QString();
+    return false;
+}
+
+void Coververwaltung::CoverAktualisieren()
+{
+    CoverOrdnerLesen();
     CoverListeAktuell();
     CoverPlaetzeAnpassen();
 }

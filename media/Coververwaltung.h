@@ -5,6 +5,7 @@
 #include "shell/Teilbereich.h"
 
 #include <QCache>
+#include <QHash>
 #include <QPixmap>
 #include <QStringList>
 
@@ -28,8 +29,18 @@ public:
     // Shows a file in imgBildpfad; false when it cannot be read (the pane is then blank).
     bool CoverZeigen(const QString& pfad);
 
+    // Lists the cover folder in filCover where it changed since it was last listed; true
+    // when it had not.
+    bool CoverOrdnerLesen();
     void CoverListeAktuell();
     void CoverAktualisieren();
+    // True while the table is the one lstCover was counted from.
+    bool ListeGiltFuerTabelle() const { return m_listeGilt; }
+    // CoverAktualisieren after a save of one record that the table held under alterName
+    // (none for a new record) and holds under neuerName when imGrid. Where the list was
+    // counted from the table as it stood before the save and the folder is unchanged, only
+    // these two names are counted anew, not the whole table against the whole folder.
+    void CoverNachSpeichern(bool galtVorher, const QString* alterName, const QString& neuerName, bool imGrid);
     void CoverDown();
     void CoverUp();
     void CoverAZ();
@@ -87,7 +98,12 @@ private:
         int erstes(const QString& a, const QString& b) const;
     };
 
+
     QStringList m_liste; // lstCover's entries
+    QStringList m_dateien;       // filCover's files, in its order, when the list was made
+    QStringList m_dateiNamen;    // the same without their extensions
+    QHash<QString, int> m_zeilen; // rows of the table by name, for the names of m_dateien
+    bool m_listeGilt = false;     // no change of the table since
     Namenstext m_namen;
     Namenstext m_namenKlein;
     QStringList m_gezeigt;                      // the paths in the places now

@@ -182,7 +182,7 @@ void Ausgabebox::Form_Load()
         for (const char* ordner : {"Bilder", "Leer", "eBook", "html", "Playlist"})
             QDir().mkpath(ProgrammOrdner + QLatin1String(ordner));
         filHtml->setPath(ProgrammOrdner + QStringLiteral("html"));
-        filCover->setPath(DatenbankOrdner + QStringLiteral("Bilder"));
+        coververwaltung().CoverOrdnerLesen();
         // 13. - 18.
         coververwaltung().CoverListeAktuell();
         abspielausschluss().AbspielausschlusslisteLaden();

@@ -13,6 +13,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 #include <limits>
 
 QPushButton* Befehlsknopf(QWidget* eltern, const QString& name, const QString& text, const QString& tipp)
@@ -91,6 +93,7 @@ void Dateiliste::Refresh()
         QDir ordner(m_pfad);
         ordner.setNameFilters(filter);
         ordner.setFilter(QDir::Files | QDir::Readable);
+        ordner.setSorting(QDir::Unsorted);
         namen = ordner.entryList();
     }
     // Made once: the list is read at every record move.
@@ -99,8 +102,21 @@ void Dateiliste::Refresh()
         c.setCaseSensitivity(Qt::CaseInsensitive);
         return c;
     }();
-    std::sort(namen.begin(), namen.end(),
-              [&](const QString& a, const QString& b) { return sortierung.compare(a, b) < 0; });
+    // A folder of tens of thousands of covers: each name's key is made once, not at every
+    // comparison. Keys of some platforms keep the case, so they are made of the lower case.
+    std::vector<std::pair<QCollatorSortKey, qsizetype>> schluessel;
+    schluessel.reserve(size_t(namen.size()));
+    for (qsizetype i = 0; i < namen.size(); ++i)
+        schluessel.emplace_back(sortierung.sortKey(namen[i].toLower()), i);
+    std::sort(schluessel.begin(), schluessel.end(), [&](const auto& a, const auto& b) {
+        const int c = a.first.compare(b.first);
+        return c != 0 ? c < 0 : namen[a.second] < namen[b.second];
+    });
+    QStringList sortiert;
+    sortiert.reserve(namen.size());
+    for (const auto& [k, i] : schluessel)
+        sortiert << namen[i];
+    namen = std::move(sortiert);
     const bool alt = blockSignals(true);
     clear();
     addItems(namen);
