@@ -42,6 +42,7 @@ public:
     QString Ordner(const QString&, const QString&) override { return {}; }
     bool Schrift(Schriftauswahl&) override { return false; }
     bool Farbe(QColor&) override { return false; }
+    int Auswahl(const QString&, const QString&, const QStringList&) override { return -1; }
 };
 
 // The sound engine without sound: lengths are read, nothing is opened.

@@ -273,22 +273,15 @@ void Bildimport::mnuBildScannen_Click()
         MsgNimb(fehler, 1, 0, QStringLiteral("Cover einscannen"), 0, Farbe::WarnHintergrund);
         return;
     }
-    QString liste;
-    for (int i = 0; i < geraete.size(); ++i)
-        liste += QStringLiteral("\r\n%1 = %2").arg(i + 1).arg(geraete[i].beschreibung);
-    const QString wahl = InputNimb(QStringLiteral("Bitte die Nummer des Scanners eingeben:") + liste,
-                                   QStringLiteral("Scanquelle wählen"), QStringLiteral("1"));
-    if (wahl.isEmpty())
+    QStringList namen;
+    for (const Scangeraet& g : geraete)
+        namen << g.beschreibung;
+    const int nummer = D().dialoge().Auswahl(QStringLiteral("Scanquelle wählen"), QStringLiteral("Scanner:"), namen);
+    if (nummer < 0 || nummer >= geraete.size())
         return;
-    const int nummer = GanzeZahl(wahl);
-    if (nummer < 1 || nummer > geraete.size()) {
-        MsgNimb(QStringLiteral("Diesen Scanner gibt es nicht: ") + wahl, 1, 0, QStringLiteral("Cover einscannen"), 0,
-                Farbe::WarnHintergrund);
-        return;
-    }
     EreignisseZulassen();
     Mauszeiger(ZeigerSanduhr);
-    const QImage bild = D().scanner().scannen(geraete[nummer - 1].name, fehler);
+    const QImage bild = D().scanner().scannen(geraete[nummer].name, fehler);
     Mauszeiger(ZeigerStandard);
     EreignisseZulassen();
     if (bild.isNull()) {

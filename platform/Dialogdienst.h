@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -61,6 +62,8 @@ public:
     // False on cancel.
     virtual bool Schrift(Schriftauswahl& s) = 0;
     virtual bool Farbe(QColor& c) = 0;
+    // One entry of a list (the scanner's sources): its index, or -1 on cancel.
+    virtual int Auswahl(const QString& titel, const QString& frage, const QStringList& eintraege) = 0;
 };
 
 // The global answer of the last message box, cleared before every box.

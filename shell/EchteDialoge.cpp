@@ -10,6 +10,7 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QInputDialog>
 #include <QPointer>
 #include <QRegularExpression>
 
@@ -142,6 +143,22 @@ bool EchterDialogdienst::Schrift(Schriftauswahl& s)
     if (ok)
         s.schrift = schrift;
     return ok;
+}
+
+int EchterDialogdienst::Auswahl(const QString& titel, const QString& frage, const QStringList& eintraege)
+{
+    QPointer<QInputDialog> dialog = new QInputDialog(Bezugsfenster());
+    dialog->setObjectName(QStringLiteral("Auswahl"));
+    dialog->setWindowTitle(titel);
+    dialog->setLabelText(frage);
+    dialog->setComboBoxItems(eintraege);
+    dialog->setComboBoxEditable(false);
+    dialog->setOkButtonText(QStringLiteral("OK"));
+    dialog->setCancelButtonText(QStringLiteral("Abbrechen"));
+    const bool ok = dialog->exec() == QDialog::Accepted;
+    const int wahl = dialog && ok ? int(eintraege.indexOf(dialog->textValue())) : -1;
+    delete dialog;
+    return wahl;
 }
 
 bool EchterDialogdienst::Farbe(QColor& c)

@@ -15,6 +15,7 @@ public:
     QString Ordner(const QString& titel, const QString& startordner) override;
     bool Schrift(Schriftauswahl& s) override;
     bool Farbe(QColor& c) override;
+    int Auswahl(const QString& titel, const QString& frage, const QStringList& eintraege) override;
 };
 
 // Makes the program's dialog service the real one; called once at start.

@@ -10,6 +10,7 @@
 #include "shell/frmInputNimb.h"
 #include "shell/frmMsgNimb.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFrame>
 #include <QLabel>
@@ -323,6 +324,16 @@ private slots:
         QCOMPARE(dienst.Ordner("Ordner", ordner), ordner + "Musik/");
         ModalBedienen([](QDialog* d) { d->reject(); });
         QCOMPARE(dienst.Ordner("Ordner", ordner), QString());
+        // A list gives the index of the entry chosen, a cancel -1.
+        ModalBedienen([](QDialog* d) {
+            auto* liste = d->findChild<QComboBox*>();
+            QVERIFY(liste && !liste->isEditable() && liste->count() == 2);
+            liste->setCurrentIndex(1);
+            d->accept();
+        });
+        QCOMPARE(dienst.Auswahl("Scanquelle wählen", "Scanner:", {"test:0", "test:1"}), 1);
+        ModalBedienen([](QDialog* d) { d->reject(); });
+        QCOMPARE(dienst.Auswahl("Scanquelle wählen", "Scanner:", {"test:0"}), -1);
 
         // A box stands centred over the main window, and goes when answered.
         QWidget haupt;

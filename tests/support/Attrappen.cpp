@@ -43,6 +43,19 @@ QString DialogAttrappe::Datei(const Dateiauswahl& d)
     return antwort(antwortenDatei);
 }
 
+int DialogAttrappe::Auswahl(const QString& titel, const QString& frage, const QStringList& eintraege)
+{
+    Aufruf a;
+    a.art = QStringLiteral("Auswahl");
+    a.eingabe.titel = titel;
+    a.eingabe.prompt = frage;
+    a.eintraege = eintraege;
+    aufrufe << a;
+    if (beimAufruf)
+        beimAufruf(a);
+    return antwortenAuswahl.isEmpty() ? -1 : antwortenAuswahl.dequeue();
+}
+
 QString DialogAttrappe::Ordner(const QString& titel, const QString& startordner)
 {
     Aufruf a;

@@ -28,6 +28,7 @@ public:
         QString ordnerStart;
         Schriftauswahl schrift; // what the font dialog was preset with
         QColor farbe;           // what the colour dialog was preset with
+        QStringList eintraege;  // what a list offered
     };
 
     QList<Aufruf> aufrufe;
@@ -41,6 +42,8 @@ public:
     // Font and colour dialogs: the queued choice, or a cancel when the queue is empty.
     QQueue<Schriftauswahl> antwortenSchrift;
     QQueue<QColor> antwortenFarbe;
+    // The index chosen from a list; an empty queue cancels.
+    QQueue<int> antwortenAuswahl;
     // Called before each answer, to look at the program's state while a box is "open".
     std::function<void(const Aufruf&)> beimAufruf;
 
@@ -50,6 +53,7 @@ public:
     QString Ordner(const QString& titel, const QString& startordner) override;
     bool Schrift(Schriftauswahl& s) override;
     bool Farbe(QColor& c) override;
+    int Auswahl(const QString& titel, const QString& frage, const QStringList& eintraege) override;
 
     QList<Meldung> meldungen() const;
     QStringList meldungsTexte() const;
