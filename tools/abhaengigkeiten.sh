@@ -8,12 +8,13 @@ set -eu
 # the H.264 parser; ugly ASF (WMA, WMV); libav the decoders of WMA, WMV, H.264, AAC, AC-3.
 # GIF covers are written with giflib; scanning goes through SANE's scanimage.
 # Reading aloud goes through Qt's speech plugin to the speech daemon, which speaks with espeak-ng.
+# Attachments and web links open with the desktop's associated program through xdg-open.
 PAKETE="build-essential cmake ninja-build pkg-config
 qt6-base-dev libqt6sql6-sqlite qt6-multimedia-dev qt6-svg-dev qt6-speech-dev qt6-declarative-dev
 qt6-translations-l10n libxkbcommon-dev libsqlite3-dev libavformat-dev libgif-dev sane-utils
 gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad
 gstreamer1.0-plugins-ugly gstreamer1.0-libav
-qt6-speech-speechd-plugin speech-dispatcher speech-dispatcher-espeak-ng espeak-ng xvfb xauth"
+qt6-speech-speechd-plugin speech-dispatcher speech-dispatcher-espeak-ng espeak-ng xdg-utils xvfb xauth"
 if [ "${1:-}" = "--tests" ]; then
     PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox sqlite3 desktop-file-utils appstream"
 fi
