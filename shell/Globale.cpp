@@ -15,5 +15,6 @@ QString Suchspalten;
 bool SongBewertungSuche = false;
 QString SongBewertungText;
 bool TabelleNichtAnordnen = false;
+bool TippsVomMenue = false;
 bool AutosizeLaeuft = false;
 bool SortAbsteigend = false;

@@ -28,5 +28,7 @@ extern bool SongBewertungSuche;
 extern QString SongBewertungText;
 // Table layout flags.
 extern bool TabelleNichtAnordnen;
+// The tip window was opened from the menu, so it shows whatever the startup setting says.
+extern bool TippsVomMenue;
 extern bool AutosizeLaeuft;
 extern bool SortAbsteigend;
