@@ -1,6 +1,7 @@
 // Like all of the player, the transport ignores failures: a step that fails is skipped
 // and nothing is reported.
 #include "playback/Abspieler.h"
+#include "playback/MiniPlayer.h"
 
 #include "shell/Ausgabebox.h"
 
@@ -137,6 +138,7 @@ void Abspieler::SonderfunktionenAus()
     box.TimerPosAB->setEnabled(false);
     box.imgPause[0]->show();
     box.imgPause[1]->hide();
+    box.miniPlayer().SonderfunktionenAus();
 }
 
 void Abspieler::imgStart_Click()
@@ -284,6 +286,7 @@ void Abspieler::imgStart_Click()
         box.Bild1->resize(box.Bild1->width(), Px(3195));
         box.imgBildpfad->resize(box.imgBildpfad->width(), Px(3195));
     }
+    box.miniPlayer().TitelStarten();
     box.trackliste().TextSongAktualisieren();
 }
 
@@ -315,6 +318,7 @@ void Abspieler::imgStop_Click()
         Abbruch = true;
     box.Timer1->setEnabled(false);
     box.Timer2->setEnabled(false);
+    box.miniPlayer().TransportGestoppt();
     if (FensterMedium && WinMediaPlayer)
         WinMediaPlayer->MedienSchliessen();
     box.cmdInfoTrack->hide();
@@ -495,6 +499,11 @@ void Abspieler::cmdPlayAsso_Click()
 }
 
 void Abspieler::MiniPlayerVorBackStart() { imgStart_Click(); }
+
+bool Abspieler::MedienpfadAngehalten() const
+{
+    return box.MediaPlayer1Spieler->playState() == Medienspieler::Gestoppt;
+}
 
 void Abspieler::MiniPlayerStop()
 {

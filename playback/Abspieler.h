@@ -25,6 +25,11 @@ public:
     void cmdPlayAsso_Click();
     void MiniPlayerVorBackStart();
     void MiniPlayerStop();
+    void MiniPlayerPause() { imgPause_Click(); }
+    void MiniPlayerPosAB() { imgPosAB_Click(); }
+    void MiniPlayerResume() { imgResume_Click(); }
+    // The media player control stands stopped (its play state 1).
+    bool MedienpfadAngehalten() const;
     void MediaPlayer1_PlayStateChange(int zustand);
     void MediaPlayer1_MouseDown(Qt::MouseButton knopf);
     void chkVisualisierung_Click();

@@ -7,6 +7,7 @@
 #include "platform/Medien.h"
 #include "platform/Uhr.h"
 #include "playback/Abspieler.h"
+#include "playback/MiniPlayer.h"
 #include "playback/Trackliste.h"
 #include "playback/Zufallswahl.h"
 #include "playback/frmWinMediaPlayer.h"
@@ -369,11 +370,13 @@ void Sequenzer::Timer1_Timer()
             box.imgPause[0]->hide();
             box.imgPause[1]->show();
             box.staBar->setPanelText(2, QString::number(pause + 1 - i) + QStringLiteral(" Sek. Pause"));
+            box.miniPlayer().PauseZeigen(QString::number(pause + 1 - i) + QStringLiteral(" Sek. Pause"));
             Warten(1000);
             if (Abbruch) {
                 Abbruch = false;
                 box.imgPause[0]->show();
                 box.imgPause[1]->hide();
+                box.miniPlayer().PauseBeendet();
                 break;
             }
         }
@@ -384,7 +387,7 @@ void Sequenzer::Timer1_Timer()
         box.abspieler().imgStart_Click();
 }
 
-QString Sequenzer::LaufschriftText(int phase) const
+QString Sequenzer::LaufschriftText(int phase, bool spielendeZeile) const
 {
     auto ohneEndung = [](QString name) {
         const qsizetype punkt = name.lastIndexOf(u'.');
@@ -393,7 +396,8 @@ QString Sequenzer::LaufschriftText(int phase) const
         return name;
     };
     if (PlaylistModus) {
-        const QTreeWidgetItem* zeile = box.lvwPlaylist->currentItem();
+        const QTreeWidgetItem* zeile = spielendeZeile ? box.lvwPlaylist->topLevelItem(TrackIndex - 1)
+                                                      : box.lvwPlaylist->currentItem();
         if (!zeile)
             return {};
         if (phase == 1)

@@ -19,6 +19,9 @@ public:
     void chkTracksAnspielen_Click();
     void mnuPauseZwischenTracks_Click();
     void mnuLaufschrift_Click();
+    // The text of one phase of the running title; the mini player reads the playing row
+    // of a playlist, the caption of the main window the selected one.
+    QString LaufschriftText(int phase, bool spielendeZeile = false) const;
 
 private:
     // The running Track is over: by the clock on path one and in sampling, else by the
@@ -29,8 +32,6 @@ private:
     bool ZufallsTrack();
     bool PlaylistZeileWaehlen();
     void ListenEndeStoppen();
-    // The text of one phase of the running title.
-    QString LaufschriftText(int phase) const;
 
     bool m_timer1Laeuft = false;
     bool m_timer2Laeuft = false;

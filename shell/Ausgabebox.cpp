@@ -33,6 +33,7 @@
 #include "platform/Textdatei.h"
 #include "platform/Uhr.h"
 #include "playback/Abspieler.h"
+#include "playback/MiniPlayer.h"
 #include "playback/Schlafmodus.h"
 #include "playback/Sequenzer.h"
 #include "playback/Trackliste.h"
@@ -93,6 +94,7 @@ void Ausgabebox::TeileAnlegen()
     m_sequenzer = new Sequenzer(*this);
     m_zufallswahl = new Zufallswahl(*this);
     m_schlafmodus = new Schlafmodus(*this);
+    m_miniPlayer = new MiniPlayer(*this);
     m_playlisten = new Playlisten(*this);
     m_sqlKonsole = new SqlKonsole(*this);
     m_suche = new Suche(*this);
@@ -109,7 +111,7 @@ void Ausgabebox::TeileAnlegen()
     for (Teilbereich* teil : std::initializer_list<Teilbereich*>{
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
-             m_zufallswahl, m_schlafmodus, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
+             m_zufallswahl, m_schlafmodus, m_miniPlayer, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
              m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
              m_schwesterprogramme, m_lastanzeige, m_hilfsfenster})
         teil->verbinden();
@@ -434,6 +436,12 @@ void Ausgabebox::Form_Unload()
     if (playlisten().PlaylistGeaendert)
         playlisten().PlaylistSpeichern();
 
+    FensterwerteSpeichern();
+    D().prozess().beenden(0);
+}
+
+void Ausgabebox::FensterwerteSpeichern()
+{
     if (windowState() & Qt::WindowMinimized) {
         // A minimised window keeps the place of the earlier run.
     } else if (windowState() & Qt::WindowMaximized) {
@@ -459,7 +467,6 @@ void Ausgabebox::Form_Unload()
     Speichern(QStringLiteral("StandardColor"), QString::number(schrift.StandardColor));
     Speichern(QStringLiteral("HäkchenBildpfad"), chkBildpfad->isChecked() ? QStringLiteral("1")
                                                                           : QStringLiteral("0"));
-    D().prozess().beenden(0);
 }
 
 void Ausgabebox::MenuBeenden()

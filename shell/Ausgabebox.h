@@ -30,6 +30,9 @@ public:
     void Form_Resize();
     void Form_QueryUnload();
     void Form_Unload();
+    // The window's place, the table's column widths, the standard font and the cover pane:
+    // what the unload keeps, and the mini player when it takes over.
+    void FensterwerteSpeichern();
     void MenuBeenden();
     // Unloads every other window still loaded; a nested call returns at once.
     void AlleFensterSchliessen();
@@ -59,6 +62,7 @@ public:
     class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
     class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
     class Hilfsfenster& hilfsfenster() const { return *m_hilfsfenster; }
+    class MiniPlayer& miniPlayer() const { return *m_miniPlayer; }
 
     // ---- State that several parts read ----
     QString AktivesFeld;
@@ -112,4 +116,5 @@ private:
     class Schwesterprogramme* m_schwesterprogramme = nullptr;
     class Lastanzeige* m_lastanzeige = nullptr;
     class Hilfsfenster* m_hilfsfenster = nullptr;
+    class MiniPlayer* m_miniPlayer = nullptr;
 };

@@ -7,6 +7,9 @@
 #include "catalogue/FlexGrid.h"
 #include "platform/Medien.h"
 #include "playback/Abspieler.h"
+#include "playback/MiniPlayer.h"
+#include "playback/frmMiniPlayer.h"
+#include "platform/Uhr.h"
 #include "playback/Sequenzer.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -15,6 +18,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QToolButton>
 #include <QListWidget>
 
 #include <memory>
@@ -140,6 +144,35 @@ private slots:
         Attrappen::uhr().vorruecken(60000);
         QCOMPARE(gespielt().size(), 2);
         QCOMPARE(panel.last().second, QString("no play"));
+    }
+
+    // The mini player stands in for the window: the wait shows in its caption and pause
+    // pictures, and its stop ends the wait for good.
+    void miniPlayerStopBeendetDieWartezeit()
+    {
+        const QString musik = ordner("Abba", 3);
+        starten({Zeilenwerte{{"Band", "Abba"}, {"Musikpfad", musik}}});
+        Speichern("PauseZwischenTracks", "5");
+        w->chkAlleTracks->click();
+        spielen(0);
+        w->imgMiniPlayer->click();
+        frmMiniPlayer* mini = w->miniPlayer().fenster();
+        QString titel;
+        bool bild10 = false;
+        connect(w->staBar, &Statusleiste::PanelGeaendert, this, [&](int nr, const QString& text) {
+            if (nr == 2 && text == u"3 Sek. Pause" && titel.isEmpty()) {
+                titel = mini->windowTitle();
+                bild10 = mini->imgVorBack[10]->isVisibleTo(mini) && !mini->imgVorBack[6]->isVisibleTo(mini);
+                mini->imgVorBack[3]->click();
+            }
+        });
+        Attrappen::uhr().vorruecken(60000);
+        QCOMPARE(titel, QString(" 4 Sek. Pause")); // the caption was written before the panel's 3
+        QVERIFY(bild10);
+        QCOMPARE(gespielt(), QStringList{"01 Lied.mp3"});
+        QCOMPARE(panel.last().second, QString("no play"));
+        QCOMPARE(mini->windowTitle(), frmMiniPlayer::Titel);
+        QVERIFY(!mini->Timer3->isEnabled());
     }
 
     void ausgeschlosseneStilrichtungLaeuftInEinemTickAnsEnde()
