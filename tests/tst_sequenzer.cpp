@@ -157,6 +157,10 @@ private slots:
         spielen(0);
         w->imgMiniPlayer->click();
         frmMiniPlayer* mini = w->miniPlayer().fenster();
+        // The title runs in its caption, letter by letter.
+        QVERIFY(mini->Timer3->isEnabled());
+        QStringList laufschrift;
+        connect(mini, &QWidget::windowTitleChanged, this, [&](const QString& t) { laufschrift << t; });
         QString titel;
         bool bild10 = false;
         connect(w->staBar, &Statusleiste::PanelGeaendert, this, [&](int nr, const QString& text) {
@@ -167,6 +171,7 @@ private slots:
             }
         });
         Attrappen::uhr().vorruecken(60000);
+        QCOMPARE(laufschrift.mid(0, 4), (QStringList{"A", "Ab", "Abb", "Abba"}));
         QCOMPARE(titel, QString(" 4 Sek. Pause")); // the caption was written before the panel's 3
         QVERIFY(bild10);
         QCOMPARE(gespielt(), QStringList{"01 Lied.mp3"});
