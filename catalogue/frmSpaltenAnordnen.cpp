@@ -6,6 +6,7 @@
 #include "shell/Einstellungen.h"
 #include "shell/Globale.h"
 #include "shell/Grundregeln.h"
+#include "shell/Listenpaar.h"
 #include "shell/Steuerelemente.h"
 
 #include <QCheckBox>
@@ -25,36 +26,6 @@ namespace {
 
 QString anordnungSchluessel(int n) { return QStringLiteral("TabelleAnordnenCaption%1").arg(n); }
 
-// The row of the selected entry, -1 when none is selected (a current row alone does not count).
-int auswahl(const QListWidget* liste)
-{
-    const QList<QListWidgetItem*> gewaehlt = liste->selectedItems();
-    return gewaehlt.isEmpty() ? -1 : liste->row(gewaehlt.first());
-}
-
-QListWidget* liste(QWidget* eltern, const QString& name)
-{
-    auto* l = new QListWidget(eltern);
-    l->setObjectName(name);
-    l->setSelectionMode(QAbstractItemView::SingleSelection);
-    l->setMinimumWidth(Px(2400));
-    return l;
-}
-
-// Moves the selected entry from one list to the end of the other; the first remaining
-// entry of the source becomes the selection.
-void verschieben(QListWidget* von, QListWidget* nach)
-{
-    const int zeile = auswahl(von);
-    if (zeile < 0)
-        return;
-    nach->addItem(von->item(zeile)->text());
-    delete von->takeItem(zeile);
-    von->clearSelection();
-    if (von->count() > 0)
-        von->setCurrentRow(0);
-}
-
 } // namespace
 
 frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
@@ -67,11 +38,11 @@ frmSpaltenAnordnen::frmSpaltenAnordnen(QWidget* eltern)
     p.setColor(QPalette::WindowText, NummerFarbe(Farbe::StandardText));
     setPalette(p);
 
-    lstTabelle = liste(this, QStringLiteral("lstTabelle"));
+    lstTabelle = AuswahlListe(this, QStringLiteral("lstTabelle"));
     lblTabelle = new QLabel(QStringLiteral("Reihenfolge der sichtbaren Spalten"), this);
     lblTabelle->setObjectName(QStringLiteral("lblTabelle"));
     lblTabelle->setBuddy(lstTabelle);
-    lstSpalten = liste(this, QStringLiteral("lstSpalten"));
+    lstSpalten = AuswahlListe(this, QStringLiteral("lstSpalten"));
     lblSpalten = new QLabel(QStringLiteral("nicht sichtbare Spalten"), this);
     lblSpalten->setObjectName(QStringLiteral("lblSpalten"));
     lblSpalten->setBuddy(lstSpalten);
@@ -211,25 +182,11 @@ void frmSpaltenAnordnen::chkNotSort_Click()
     TabelleNichtAnordnen = chkNotSort->isChecked();
 }
 
-void frmSpaltenAnordnen::cmdEinfuegen_Click() { verschieben(lstSpalten, lstTabelle); }
+void frmSpaltenAnordnen::cmdEinfuegen_Click() { ListenEintragVerschieben(lstSpalten, lstTabelle); }
 
-void frmSpaltenAnordnen::cmdEntfernen_Click() { verschieben(lstTabelle, lstSpalten); }
+void frmSpaltenAnordnen::cmdEntfernen_Click() { ListenEintragVerschieben(lstTabelle, lstSpalten); }
 
-void frmSpaltenAnordnen::cmdHochTief_Click(int index)
-{
-    const int zeile = auswahl(lstTabelle);
-    if (zeile < 0)
-        return;
-    if (index == 0 && zeile == 0)
-        return;
-    if (index == 1 && zeile == lstTabelle->count() - 1)
-        return;
-    const int ziel = index == 0 ? zeile - 1 : zeile + 1;
-    QListWidgetItem* eintrag = lstTabelle->takeItem(zeile);
-    lstTabelle->insertItem(ziel, eintrag);
-    lstTabelle->clearSelection();
-    lstTabelle->setCurrentRow(ziel);
-}
+void frmSpaltenAnordnen::cmdHochTief_Click(int index) { ListenEintragHochTief(lstTabelle, index); }
 
 void frmSpaltenAnordnen::cmdStandard_Click()
 {

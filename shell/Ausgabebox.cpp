@@ -32,6 +32,7 @@
 #include "platform/Pfade.h"
 #include "platform/Textdatei.h"
 #include "platform/Uhr.h"
+#include "outputs/HtmlSeiten.h"
 #include "playback/Abspieler.h"
 #include "playback/MiniPlayer.h"
 #include "playback/Schlafmodus.h"
@@ -107,13 +108,14 @@ void Ausgabebox::TeileAnlegen()
     m_schwesterprogramme = new Schwesterprogramme(*this);
     m_lastanzeige = new Lastanzeige(*this);
     m_hilfsfenster = new Hilfsfenster(*this);
+    m_htmlSeiten = new HtmlSeiten(*this);
     // Wired once all are there, so that a part may call another while it wires itself.
     for (Teilbereich* teil : std::initializer_list<Teilbereich*>{
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_miniPlayer, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
              m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
-             m_schwesterprogramme, m_lastanzeige, m_hilfsfenster})
+             m_schwesterprogramme, m_lastanzeige, m_hilfsfenster, m_htmlSeiten})
         teil->verbinden();
 }
 

@@ -63,6 +63,7 @@ public:
     class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
     class Hilfsfenster& hilfsfenster() const { return *m_hilfsfenster; }
     class MiniPlayer& miniPlayer() const { return *m_miniPlayer; }
+    class HtmlSeiten& htmlSeiten() const { return *m_htmlSeiten; }
 
     // ---- State that several parts read ----
     QString AktivesFeld;
@@ -117,4 +118,5 @@ private:
     class Lastanzeige* m_lastanzeige = nullptr;
     class Hilfsfenster* m_hilfsfenster = nullptr;
     class MiniPlayer* m_miniPlayer = nullptr;
+    class HtmlSeiten* m_htmlSeiten = nullptr;
 };

@@ -1,0 +1,157 @@
+#include "outputs/HtmlSeiten.h"
+
+#include "catalogue/Datensteuerung.h"
+#include "catalogue/FlexGrid.h"
+#include "media/Rtf.h"
+#include "outputs/Webseiten.h"
+#include "outputs/frmWebTabelle.h"
+#include "platform/Dialogdienst.h"
+#include "platform/Dienste.h"
+#include "platform/Laufzeitfehler.h"
+#include "platform/Mauszeiger.h"
+#include "shell/Ausgabebox.h"
+#include "shell/Einstellungen.h"
+#include "shell/FensterPlatzieren.h"
+#include "shell/Globale.h"
+#include "shell/Grundregeln.h"
+#include "shell/Steuerelemente.h"
+
+#include <QAction>
+#include <QDir>
+#include <QLabel>
+#include <QSaveFile>
+
+#include <array>
+#include <cmath>
+
+void HtmlSeiten::verbinden()
+{
+    BefehlVerbinden(box.mnuHtmlSeitenErstellen, this, [this] { mnuHtmlSeitenErstellen_Click(); });
+    BefehlVerbinden(box.mnuHtmlSeitenAnzeigen, this, [this] { mnuHtmlSeitenAnzeigen_Click(); });
+    BefehlVerbinden(box.mnuWebsiteAnzeigen, this, [this] { mnuWebsiteAnzeigen_Click(); });
+    BefehlVerbinden(box.mnuWebTabelleAnordnen, this, [this] { mnuWebTabelleAnordnen_Click(); });
+}
+
+void HtmlSeiten::mnuHtmlSeitenErstellen_Click()
+{
+    Mauszeiger(ZeigerSanduhr);
+    int seiten = 0;
+    try {
+        seiten = SeitenSchreiben();
+    } catch (const Laufzeitfehler& fehler) {
+        Mauszeiger(ZeigerStandard);
+        box.Bez[13]->clear();
+        box.filHtml->Refresh();
+        FehlermeldungWarnfarben(fehler, QStringLiteral("Ausgabebox_mnuHtmlSeitenErstellen_Click"));
+        return;
+    }
+    if (seiten < 0) {
+        MsgNimb(QStringLiteral("Die Erstellung der HTML-Seiten wurde abgebrochen."), 1, 0,
+                QStringLiteral("HTML-Seiten"), 0);
+    } else if (MsgNimb(QString::number(seiten) + QStringLiteral(" HTML-Seiten erstellt.\r\n\r\nIm Browser anzeigen?\r\n"),
+                       22, 1, QStringLiteral("HTML-Seiten"), 0)
+               == u"Ja") {
+        mnuHtmlSeitenAnzeigen_Click();
+    }
+    // The record view shows the first record afterwards, as it always has.
+    box.Data1->setAbsolutePosition(0);
+    Mauszeiger(ZeigerStandard);
+    box.Bez[13]->clear();
+    box.filHtml->Refresh();
+}
+
+int HtmlSeiten::SeitenSchreiben()
+{
+    const QStringList spalten = frmWebTabelle(&box).Spalten();
+    QString farbe = QStringLiteral("#e3eaf4");
+    const int proSeite = int(std::nearbyint(
+        std::clamp(Val(Lesen(QStringLiteral("WebTabelleZeilenanzahl"), QStringLiteral("50"))), -2e9, 2e9)));
+    const QString ueberschrift = Lesen(QStringLiteral("WebTabelleUeberschrift"), QStringLiteral("Rillenkammer"));
+    const QString url = Lesen(QStringLiteral("WebTabelleURL"), Webseiten::StandardURL);
+    const QString ordner = ProgrammOrdner + QStringLiteral("html/");
+    QDir().mkpath(ordner);
+
+    // The old pages go, and nothing else of the folder.
+    for (int i = 0; i < box.filHtml->ListCount(); ++i)
+        D().papierkorb().verschieben(ordner + box.filHtml->List(i));
+
+    const FlexGrid* g = box.MSFlexGrid1;
+    const int datenzeilen = g->Rows() - 1;
+    const std::optional<int> anzahl = Webseiten::Seitenzahl(datenzeilen, proSeite);
+    if (!anzahl)
+        throw Laufzeitfehler(Fehlernummer::DivisionDurchNull);
+    const int seiten = *anzahl;
+    if (spalten.size() > 23)
+        throw Laufzeitfehler(Fehlernummer::IndexAusserhalb);
+
+    // Filled anew on every page and never cleared: a name that is no head keeps column 0.
+    std::array<int, 23> spalte{};
+    QString bandSchluessel;
+    int erste = 1;
+    int letzte = proSeite;
+    Abbruch = false;
+    const EscAbbruch esc;
+    for (int seite = 1; seite <= seiten; ++seite) {
+        box.Bez[13]->setText(QString::number(seite));
+        EreignisseZulassen();
+        if (std::exchange(Abbruch, false))
+            return -1;
+        QString text = Webseiten::Kopf(ueberschrift, url, seite, seiten, spalten);
+        for (int i = 0; i < spalten.size(); ++i)
+            for (int j = 0; j < g->Cols(); ++j)
+                if (g->TextMatrix(0, j) == spalten[i])
+                    spalte[size_t(i)] = j;
+        if (letzte > datenzeilen)
+            letzte = datenzeilen;
+        for (int z = erste; z <= letzte; ++z) {
+            text += Webseiten::Zeilenanfang(farbe);
+            for (int i = 0; i < spalten.size(); ++i) {
+                const int c = spalte[size_t(i)];
+                const QString name = g->TextMatrix(0, c);
+                QString zelle = g->TextMatrix(z, c);
+                // Rich text of the song panes goes out as the pane's plain text.
+                if (zelle.contains(QLatin1String("{\\rtf")) && (name == u"SongText" || name == u"Songs"))
+                    zelle = RtfText(zelle);
+                text += Webseiten::Zelle(zelle, name, bandSchluessel);
+            }
+            text += QStringLiteral("</tr>\r\n");
+        }
+        erste += proSeite;
+        letzte += proSeite;
+        text += Webseiten::Fuss(seite, seiten);
+        QSaveFile datei(ordner + Webseiten::Dateiname(seite));
+        if (!datei.open(QIODevice::WriteOnly) || datei.write(Webseiten::Kodieren(text) + "\r\n") < 0
+            || !datei.commit())
+            throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
+                                 QStringLiteral("Die Datei %1 kann nicht geschrieben werden.").arg(datei.fileName()));
+    }
+    return seiten;
+}
+
+void HtmlSeiten::mnuHtmlSeitenAnzeigen_Click()
+{
+    const QString seite = ProgrammOrdner + QStringLiteral("html/index.html");
+    if (!D().shell().oeffnen(seite))
+        FehlermeldungWarnfarben(Laufzeitfehler(Fehlernummer::DateiNichtGefunden,
+                                               QStringLiteral("Die Seite %1 kann nicht geöffnet werden.").arg(seite)),
+                                QStringLiteral("Ausgabebox_mnuHtmlSeitenAnzeigen_Click"));
+}
+
+void HtmlSeiten::mnuWebsiteAnzeigen_Click()
+{
+    QString adresse = Lesen(QStringLiteral("WebTabelleURL"), Webseiten::BeispielWebsite);
+    if (!adresse.endsWith(u'/'))
+        adresse += u'/';
+    adresse += QStringLiteral("index.html");
+    if (!D().shell().oeffnen(adresse))
+        FehlermeldungWarnfarben(Laufzeitfehler(Fehlernummer::UngueltigerAufruf,
+                                               QStringLiteral("Die Adresse %1 kann nicht geöffnet werden.").arg(adresse)),
+                                QStringLiteral("Ausgabebox_mnuWebsiteAnzeigen_Click"));
+}
+
+void HtmlSeiten::mnuWebTabelleAnordnen_Click()
+{
+    frmWebTabelle fenster(&box);
+    FensterPlatzieren(&fenster, &box, QStringLiteral("center"), 10);
+    fenster.exec();
+}
