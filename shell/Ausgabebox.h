@@ -58,6 +58,7 @@ public:
     class Uebersetzung& uebersetzung() const { return *m_uebersetzung; }
     class Schwesterprogramme& schwesterprogramme() const { return *m_schwesterprogramme; }
     class Lastanzeige& lastanzeige() const { return *m_lastanzeige; }
+    class Generator& generator() const { return *m_generator; }
 
     // ---- State that several parts read ----
     QString AktivesFeld;
@@ -110,4 +111,5 @@ private:
     class Uebersetzung* m_uebersetzung = nullptr;
     class Schwesterprogramme* m_schwesterprogramme = nullptr;
     class Lastanzeige* m_lastanzeige = nullptr;
+    class Generator* m_generator = nullptr;
 };
