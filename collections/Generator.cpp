@@ -64,7 +64,8 @@ void Generator::mnuAlleSongsKopieren_Click()
             if (zeile != letzte)
                 g->setTopRow(zeile);
             if (AusschlussTrifft(box.lstBandAusschluss, g->TextMatrix(zeile, 0))
-                || (stil >= 0 && AusschlussTrifft(box.lstAbspielausschluss, g->TextMatrix(zeile, stil))))
+                || (stil >= 0
+                    && AusschlussTrifft(box.lstAbspielausschluss, g->TextMatrix(zeile, stil))))
                 continue;
             const QString ordner = MitSchraegstrich(box.TextMusikpfad->Text());
             if (ordner.trimmed().isEmpty() || !OrdnerVorhanden(ordner))

@@ -64,7 +64,10 @@ constexpr int Wartezeit = 120;
 constexpr char16_t Trenner = u'\u00B7';
 
 // A number as the panels write it: with the blank that stands for its sign.
-QString MitVorzeichenstelle(int zahl) { return (zahl < 0 ? QString() : QStringLiteral(" ")) + QString::number(zahl); }
+QString MitVorzeichenstelle(int zahl)
+{
+    return (zahl < 0 ? QString() : QStringLiteral(" ")) + QString::number(zahl);
+}
 
 int PanelZahl(const Statusleiste* leiste, int panel)
 {
@@ -84,7 +87,10 @@ int Nummernbreite(qsizetype anzahl)
     return 0;
 }
 
-QString Nummer(qsizetype nummer, int breite) { return QStringLiteral("%1").arg(nummer, breite, 10, QLatin1Char('0')); }
+QString Nummer(qsizetype nummer, int breite)
+{
+    return QStringLiteral("%1").arg(nummer, breite, 10, QLatin1Char('0'));
+}
 
 // The file title a dialog gave: the name without its folder.
 QString Dateititel(const QString& pfad) { return QFileInfo(pfad).fileName(); }
@@ -106,9 +112,12 @@ frmCDgenerieren::frmCDgenerieren(Ausgabebox& box)
         l->setWordWrap(true);
         return l;
     };
-    beschriftung(0, QStringLiteral("Hier erstellen Sie per Zufallsgenerator einen Tonträger aus der angezeigten "
-                                   "Tabelle der Datenbank. Sie können die Tabelle vorher mit der Suchfunktion z.B. "
-                                   "nach Stilrichtung oder per SQL-Anweisung einstellen."));
+    beschriftung(
+        0,
+        QStringLiteral(
+            "Hier erstellen Sie per Zufallsgenerator einen Tonträger aus der angezeigten "
+            "Tabelle der Datenbank. Sie können die Tabelle vorher mit der Suchfunktion z.B. "
+            "nach Stilrichtung oder per SQL-Anweisung einstellen."));
     beschriftung(1, QStringLiteral("1.)  Liedliste laden, verwenden oder leeren."));
     beschriftung(2, QStringLiteral("2.)  Anzahl der Lieder für den Datenträger festlegen."));
     beschriftung(3, QStringLiteral("3.)  Sammelordner wählen."));
@@ -128,10 +137,13 @@ frmCDgenerieren::frmCDgenerieren(Ausgabebox& box)
     txtPfad->setReadOnly(true);
     cmdOrdnerwahl = Befehlsknopf(this, QStringLiteral("cmdOrdnerwahl"), QStringLiteral("..."),
                                  QStringLiteral(" Sammelordner wählen"));
-    cmdGenerieren = Befehlsknopf(this, QStringLiteral("cmdGenerieren"), QStringLiteral("In Sammelordner &kopieren"));
+    cmdGenerieren = Befehlsknopf(this, QStringLiteral("cmdGenerieren"),
+                                 QStringLiteral("In Sammelordner &kopieren"));
     cmdAbbrechen = Befehlsknopf(this, QStringLiteral("cmdAbbrechen"), QStringLiteral("&Stopp"));
-    cmdAusschussliste = Befehlsknopf(this, QStringLiteral("cmdAusschussliste"), QStringLiteral("S&tilrichtung ausschließen..."));
-    cmdBandAusschluss = Befehlsknopf(this, QStringLiteral("cmdBandAusschluss"), QStringLiteral("&Band ausschließen..."));
+    cmdAusschussliste = Befehlsknopf(this, QStringLiteral("cmdAusschussliste"),
+                                     QStringLiteral("S&tilrichtung ausschließen..."));
+    cmdBandAusschluss = Befehlsknopf(this, QStringLiteral("cmdBandAusschluss"),
+                                     QStringLiteral("&Band ausschließen..."));
 
     lstStilausschlussliste = new QListWidget(this);
     lstStilausschlussliste->setObjectName(QStringLiteral("lstStilausschlussliste"));
@@ -188,11 +200,14 @@ frmCDgenerieren::frmCDgenerieren(Ausgabebox& box)
     };
     mnuCoverLaden = eintrag("mnuCoverLaden", QStringLiteral("&Cover laden..."));
     mnuLiedlisteLaden = eintrag("mnuLiedlisteLaden", QStringLiteral("Liedliste l&aden..."));
-    mnuLiedlisteSpeichernUnter = eintrag("mnuLiedlisteSpeichernUnter", QStringLiteral("&Speichern unter..."));
+    mnuLiedlisteSpeichernUnter
+        = eintrag("mnuLiedlisteSpeichernUnter", QStringLiteral("&Speichern unter..."));
     mnuLiedlisteLeeren = eintrag("mnuLiedlisteLeeren", QStringLiteral("L&eeren"));
     mnuLiedlisteLoeschen = eintrag("mnuLiedlisteLoeschen", QStringLiteral("L&öschen..."));
-    mnuLiedlisteMarkEntf = eintrag("mnuLiedlisteMarkEntf", QStringLiteral("&markierte Lieder entfernen"));
-    mnuLiedlisteCopy = eintrag("mnuLiedlisteCopy", QStringLiteral("&Kopieren"), QKeySequence(Qt::CTRL | Qt::Key_C));
+    mnuLiedlisteMarkEntf
+        = eintrag("mnuLiedlisteMarkEntf", QStringLiteral("&markierte Lieder entfernen"));
+    mnuLiedlisteCopy = eintrag("mnuLiedlisteCopy", QStringLiteral("&Kopieren"),
+                               QKeySequence(Qt::CTRL | Qt::Key_C));
     mnuLiedlisteDrucken = eintrag("mnuLiedlisteDrucken", QStringLiteral("&Drucken..."));
     mnuLiedliste->setDefaultAction(mnuLiedlisteLeeren);
     mnuHilfe = Menue->addAction(QStringLiteral("&Hilfe"));
@@ -257,15 +272,25 @@ frmCDgenerieren::frmCDgenerieren(Ausgabebox& box)
     connect(cmdBandAusschluss, &QPushButton::clicked, this, [this] { cmdBandAusschluss_Click(); });
     connect(Timer1, &Zeitgeber::Timer, this, [this] { Timer1_Timer(); });
     connect(imgVorschau, &Bildfeld::Click, this, [this] { mnuCoverLaden_Click(); });
+    // The picture sinks while it is pressed, as a button does.
+    connect(imgVorschau, &Bildfeld::MouseDown, this,
+            [this] { imgVorschau->setFrameShadow(QFrame::Sunken); });
+    connect(imgVorschau, &Bildfeld::MouseUp, this,
+            [this] { imgVorschau->setFrameShadow(QFrame::Raised); });
     connect(mnuCoverLaden, &QAction::triggered, this, [this] { mnuCoverLaden_Click(); });
     connect(mnuLiedlisteLaden, &QAction::triggered, this, [this] { mnuLiedlisteLaden_Click(); });
-    connect(mnuLiedlisteSpeichernUnter, &QAction::triggered, this, [this] { mnuLiedlisteSpeichernUnter_Click(); });
+    connect(mnuLiedlisteSpeichernUnter, &QAction::triggered, this,
+            [this] { mnuLiedlisteSpeichernUnter_Click(); });
     connect(mnuLiedlisteLeeren, &QAction::triggered, this, [this] { mnuLiedlisteLeeren_Click(); });
-    connect(mnuLiedlisteLoeschen, &QAction::triggered, this, [this] { mnuLiedlisteLoeschen_Click(); });
-    connect(mnuLiedlisteMarkEntf, &QAction::triggered, this, [this] { mnuLiedlisteMarkEntf_Click(); });
+    connect(mnuLiedlisteLoeschen, &QAction::triggered, this,
+            [this] { mnuLiedlisteLoeschen_Click(); });
+    connect(mnuLiedlisteMarkEntf, &QAction::triggered, this,
+            [this] { mnuLiedlisteMarkEntf_Click(); });
     connect(mnuLiedlisteCopy, &QAction::triggered, this, [this] { mnuLiedlisteCopy_Click(); });
-    connect(mnuLiedlisteDrucken, &QAction::triggered, this, [this] { mnuLiedlisteDrucken_Click(); });
-    connect(mnuHilfe, &QAction::triggered, this, [] { HilfeAufrufen(QStringLiteral("playlist.html")); });
+    connect(mnuLiedlisteDrucken, &QAction::triggered, this,
+            [this] { mnuLiedlisteDrucken_Click(); });
+    connect(mnuHilfe, &QAction::triggered, this,
+            [] { HilfeAufrufen(QStringLiteral("playlist.html")); });
     connect(mnuExit, &QAction::triggered, this, [this] { close(); });
 }
 
@@ -319,7 +344,8 @@ void frmCDgenerieren::Anzeigen() { exec(); }
 void frmCDgenerieren::Form_Load()
 {
     txtPfad->setText(Lesen(QStringLiteral("CDgenerierenZielordner"), ZielUnbekannt));
-    ProgrammschriftSetzen(txtAnzahl, {txtPfad, lstLiedliste, lstStilausschlussliste, lstBandausschlussliste});
+    ProgrammschriftSetzen(txtAnzahl,
+                          {txtPfad, lstLiedliste, lstStilausschlussliste, lstBandausschlussliste});
     LiedlisteLaden();
     AusschlusslisteLaden();
     BandAusschlusslisteLaden();
@@ -337,10 +363,14 @@ void frmCDgenerieren::PanelsZuruecksetzen()
 
 void frmCDgenerieren::BezAktualisieren()
 {
-    lblBez[9]->setText(QStringLiteral("Liedliste verwenden (") + QString::number(lstLiedliste->count()) + u')');
+    lblBez[9]->setText(QStringLiteral("Liedliste verwenden (")
+                       + QString::number(lstLiedliste->count()) + u')');
 }
 
-void frmCDgenerieren::NameZeigen() { lblNameLiedliste->setText(LiedlisteName.chopped(std::min<qsizetype>(4, LiedlisteName.size()))); }
+void frmCDgenerieren::NameZeigen()
+{
+    lblNameLiedliste->setText(LiedlisteName.chopped(std::min<qsizetype>(4, LiedlisteName.size())));
+}
 
 void frmCDgenerieren::LiedlisteEinlesen(const QString& pfad)
 {
@@ -444,23 +474,29 @@ Laufzeitfehler frmCDgenerieren::KopierFehler(const QString& quelle, const QStrin
         return Laufzeitfehler(Fehlernummer::DateiNichtGefunden,
                               QStringLiteral("Die Datei kann nicht gelesen werden: ") + quelle);
     if (!QFileInfo(zielordner).isWritable())
-        return Laufzeitfehler(70, QStringLiteral("Zugriff verweigert: In den Zielordner kann nicht geschrieben werden "
-                                                 "(schreibgeschützt?): ")
-                                      + zielordner);
+        return Laufzeitfehler(
+            70,
+            QStringLiteral("Zugriff verweigert: In den Zielordner kann nicht geschrieben werden "
+                           "(schreibgeschützt?): ")
+                + zielordner);
     const QStorageInfo platz(zielordner);
     if (platz.isValid() && (platz.isReadOnly() || platz.bytesAvailable() < ein.size())) {
         if (platz.isReadOnly())
-            return Laufzeitfehler(70, QStringLiteral("Zugriff verweigert: Der Datenträger des Zielordners ist "
-                                                     "schreibgeschützt: ")
-                                          + zielordner);
-        return Laufzeitfehler(61, QStringLiteral("Datenträger voll: Im Zielordner ist kein Platz mehr für ")
-                                      + ein.fileName() + QStringLiteral(" (")
-                                      + QString::number(double(ein.size()) / (1 << 20), 'f', 1)
-                                      + QStringLiteral(" MB).\n") + zielordner);
+            return Laufzeitfehler(
+                70,
+                QStringLiteral("Zugriff verweigert: Der Datenträger des Zielordners ist "
+                               "schreibgeschützt: ")
+                    + zielordner);
+        return Laufzeitfehler(
+            61,
+            QStringLiteral("Datenträger voll: Im Zielordner ist kein Platz mehr für ")
+                + ein.fileName() + QStringLiteral(" (")
+                + QString::number(double(ein.size()) / (1 << 20), 'f', 1)
+                + QStringLiteral(" MB).\n") + zielordner);
     }
     return Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                          QStringLiteral("Fehler beim Zugriff auf Pfad/Datei: ") + quelle + QStringLiteral(" nach ")
-                              + zielordner);
+                          QStringLiteral("Fehler beim Zugriff auf Pfad/Datei: ") + quelle
+                              + QStringLiteral(" nach ") + zielordner);
 }
 
 bool frmCDgenerieren::LiedKopieren(const QString& quelle, const QString& ziel)
@@ -487,20 +523,23 @@ void frmCDgenerieren::cmdGenerieren_Click()
         return;
     const int anzahl = GanzeZahl(txtAnzahl->Text());
     if (anzahl < 1) {
-        MsgNimb(QStringLiteral("Bitte geben Sie die Anzahl der Lieder ein, welche in den Sammelordner kopiert werden sollen!"),
+        MsgNimb(QStringLiteral("Bitte geben Sie die Anzahl der Lieder ein, welche in den "
+                               "Sammelordner kopiert werden sollen!"),
                 1, 0, QStringLiteral("Anzahl der Lieder wählen"), 0);
         txtAnzahl->setFocus();
         return;
     }
     if (txtPfad->Text() == ZielUnbekannt) {
-        MsgNimb(QStringLiteral("Kein Zielordner gewählt!"), 1, 0, QStringLiteral("Zielordner wählen"), 0);
+        MsgNimb(QStringLiteral("Kein Zielordner gewählt!"), 1, 0,
+                QStringLiteral("Zielordner wählen"), 0);
         cmdOrdnerwahl_Click();
         return;
     }
     const QString ziel = MitSchraegstrich(txtPfad->Text());
     if (!OrdnerVorhanden(ziel)) {
         MsgNimb(QStringLiteral("Der Zielordner ist nicht vorhanden:\n") + ziel, 3, 0,
-                QStringLiteral("Zielordner wählen"), 0, Farbe::WarnHintergrund, Farbe::StandardText);
+                QStringLiteral("Zielordner wählen"), 0, Farbe::WarnHintergrund,
+                Farbe::StandardText);
         return;
     }
 
@@ -536,7 +575,8 @@ void frmCDgenerieren::cmdGenerieren_Click()
             QString quelle;
             QString name;
             for (;;) {
-                const int zeile = std::clamp(int(std::floor(D().zufall().Rnd() * datensaetze + 1)), 1, datensaetze);
+                const int zeile = std::clamp(int(std::floor(D().zufall().Rnd() * datensaetze + 1)),
+                                             1, datensaetze);
                 // The row decides the Carrier; its change loads the record and its Tracks.
                 if (m_box.MSFlexGrid1->Row() != zeile)
                     m_box.MSFlexGrid1->setRow(zeile);
@@ -577,7 +617,8 @@ void frmCDgenerieren::cmdGenerieren_Click()
                     bool gelistet = false;
                     if (chkLiedlisteVerwenden->isChecked())
                         for (int e = 0; e < lstLiedliste->count() && !gelistet; ++e)
-                            gelistet = lstLiedliste->item(e)->text().contains(name, Qt::CaseSensitive);
+                            gelistet
+                                = lstLiedliste->item(e)->text().contains(name, Qt::CaseSensitive);
                     if (gelistet) {
                         zaehlen(3, QStringLiteral("Liste:"));
                         if (++fehlgriffe >= dateien)
@@ -604,14 +645,17 @@ void frmCDgenerieren::cmdGenerieren_Click()
             ProgressBar1->setValue(lied);
             EreignisseZulassen();
             ++kopiert;
-            const QString eintrag = Eintrag(name, m_box.TextBand->Text(), m_box.TextLPTitel->Text());
+            const QString eintrag
+                = Eintrag(name, m_box.TextBand->Text(), m_box.TextLPTitel->Text());
             if (!TextdateiAnhaengen(LiedlistenDatei(), {eintrag}))
                 throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                     QStringLiteral("Die Liedliste kann nicht geschrieben werden: ") + LiedlistenDatei());
+                                     QStringLiteral("Die Liedliste kann nicht geschrieben werden: ")
+                                         + LiedlistenDatei());
             lstLiedliste->addItem(eintrag);
             lstDrucken->addItem(eintrag);
             staBar->setPanelText(1, QStringLiteral("Kopiert:") + MitVorzeichenstelle(kopiert));
-            staBar->setPanelText(4, QStringLiteral("Drucken:") + MitVorzeichenstelle(lstDrucken->count()));
+            staBar->setPanelText(
+                4, QStringLiteral("Drucken:") + MitVorzeichenstelle(lstDrucken->count()));
             BezAktualisieren();
             if (GeneratorStopp)
                 return;
@@ -628,9 +672,11 @@ void frmCDgenerieren::cmdGenerieren_Click()
     D().klang().abspielen(ProgrammOrdner + QStringLiteral("Blues.wav"));
     MsgNimb(QStringLiteral("Lieder erfolgreich in den Sammelordner kopiert!"), 1, 0,
             QStringLiteral("In Sammelordner kopieren"), 0);
-    if (MsgNimb(QStringLiteral("Liedliste speichern?"), 22, 0, QStringLiteral("Speichern"), 0) == QStringLiteral("Ja"))
+    if (MsgNimb(QStringLiteral("Liedliste speichern?"), 22, 0, QStringLiteral("Speichern"), 0)
+        == QStringLiteral("Ja"))
         mnuLiedlisteSpeichernUnter_Click();
-    if (MsgNimb(QStringLiteral("Liedliste drucken?"), 22, 0, QStringLiteral("Cover drucken"), 0) == QStringLiteral("Ja")) {
+    if (MsgNimb(QStringLiteral("Liedliste drucken?"), 22, 0, QStringLiteral("Cover drucken"), 0)
+        == QStringLiteral("Ja")) {
         EreignisseZulassen();
         mnuLiedlisteDrucken_Click();
     }
@@ -676,10 +722,12 @@ void frmCDgenerieren::mnuLiedlisteSpeichernUnter_Click()
             throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
         m_dialogTitel = Dateititel(pfad);
         if (QFileInfo::exists(pfad)
-            && MsgNimb(QStringLiteral("Diese Liedliste ist bereits vorhanden, soll sie überschreiben werden?\n\n")
-                           + m_dialogTitel,
-                       22, 0, QStringLiteral("Sicherheitshinweis"), 0)
-                   != QStringLiteral("Ja"))
+            && MsgNimb(
+                   QStringLiteral(
+                       "Diese Liedliste ist bereits vorhanden, soll sie überschreiben werden?\n\n")
+                       + m_dialogTitel,
+                   22, 0, QStringLiteral("Sicherheitshinweis"), 0)
+                != QStringLiteral("Ja"))
             return;
         LiedlisteName = m_dialogTitel;
         NameZeigen();
@@ -688,7 +736,8 @@ void frmCDgenerieren::mnuLiedlisteSpeichernUnter_Click()
             zeilen << lstLiedliste->item(i)->text();
         if (!TextdateiSchreiben(pfad, zeilen))
             throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                 QStringLiteral("Die Liedliste kann nicht geschrieben werden: ") + pfad);
+                                 QStringLiteral("Die Liedliste kann nicht geschrieben werden: ")
+                                     + pfad);
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("frmCDgenerieren_mnuLiedlisteSpeichernUnter_Click"));
     }
@@ -707,7 +756,8 @@ void frmCDgenerieren::mnuLiedlisteLeeren_Click()
 
 void frmCDgenerieren::mnuLiedlisteLoeschen_Click()
 {
-    if (MsgNimb(QStringLiteral("Soll die Liedliste gelöscht werden?"), 12, 0, QStringLiteral("Sicherheitsabfrage"), 0)
+    if (MsgNimb(QStringLiteral("Soll die Liedliste gelöscht werden?"), 12, 0,
+                QStringLiteral("Sicherheitsabfrage"), 0)
         == QStringLiteral("Ok")) {
         PanelsZuruecksetzen();
         lstLiedliste->clear();
@@ -728,7 +778,8 @@ void frmCDgenerieren::mnuLiedlisteLoeschen_Click()
 void frmCDgenerieren::mnuLiedlisteMarkEntf_Click()
 {
     try {
-        if (MsgNimb(QStringLiteral("Alle markierten Lieder entfernen?"), 22, 0, QStringLiteral("Sicherheitsabfrage"), 0)
+        if (MsgNimb(QStringLiteral("Alle markierten Lieder entfernen?"), 22, 0,
+                    QStringLiteral("Sicherheitsabfrage"), 0)
             == QStringLiteral("Nein"))
             return;
         for (int i = lstLiedliste->count() - 1; i >= 0; --i)
@@ -740,7 +791,8 @@ void frmCDgenerieren::mnuLiedlisteMarkEntf_Click()
             zeilen << lstLiedliste->item(i)->text();
         if (!TextdateiSchreiben(LiedlistenDatei(), zeilen))
             throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                 QStringLiteral("Die Liedliste kann nicht geschrieben werden: ") + LiedlistenDatei());
+                                 QStringLiteral("Die Liedliste kann nicht geschrieben werden: ")
+                                     + LiedlistenDatei());
     } catch (const Laufzeitfehler& fehler) {
         Fehlermeldung(fehler, QStringLiteral("frmCDgenerieren_mnuLiedlisteMarkEntf_Click"));
     }
@@ -761,7 +813,8 @@ void frmCDgenerieren::mnuCoverLaden_Click()
     try {
         Dateiauswahl d;
         d.titel = QStringLiteral(" externes Bild laden");
-        d.filter = QStringLiteral("JPEG (*.jpg) |*.jpg|GIF (*.gif) |*.gif|Bitmap (*.bmp) |*.bmg|alle Dateien (*.*) |*.*");
+        d.filter = QStringLiteral(
+            "JPEG (*.jpg) |*.jpg|GIF (*.gif) |*.gif|Bitmap (*.bmp) |*.bmg|alle Dateien (*.*) |*.*");
         d.startordner = ProgrammOrdner + QStringLiteral("Bilder");
         const QString pfad = D().dialoge().Datei(d);
         if (pfad.isEmpty())
@@ -794,7 +847,8 @@ void frmCDgenerieren::mnuLiedlisteDrucken_Click()
         Druckflaeche f(drucker);
         if (!f.aktiv()) {
             Mauszeiger(ZeigerStandard);
-            throw Laufzeitfehler(482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
+            throw Laufzeitfehler(
+                482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
         }
         // The page's top edge lies at -1500, where the heading begins.
         f.setScaleTop(-1500);
@@ -833,16 +887,17 @@ void frmCDgenerieren::mnuLiedlisteDrucken_Click()
                     f.setCurrentY(-1500);
                     f.setCurrentX(600);
                     f.Print();
-                    f.Print(m_dialogTitel.isEmpty()
-                                ? QStringLiteral("        Liedliste")
-                                : QStringLiteral("        ") + m_dialogTitel.chopped(std::min<qsizetype>(4, m_dialogTitel.size())));
+                    f.Print(m_dialogTitel.isEmpty() ? QStringLiteral("        Liedliste")
+                                                    : QStringLiteral("        ")
+                                    + m_dialogTitel.chopped(
+                                        std::min<qsizetype>(4, m_dialogTitel.size())));
                     // The cover in its own size, as far as the panel has room for it.
                     const QPixmap& bild = imgVorschau->Bild();
                     if (!bild.isNull()) {
                         QSizeF groesse(bild.width() * 15.0, bild.height() * 15.0);
                         groesse = groesse.boundedTo(QSizeF(6700, 5000)) == groesse
-                                      ? groesse
-                                      : groesse.scaled(QSizeF(6700, 5000), Qt::KeepAspectRatio);
+                            ? groesse
+                            : groesse.scaled(QSizeF(6700, 5000), Qt::KeepAspectRatio);
                         f.PaintPicture(bild, 460, 1500, groesse.width(), groesse.height());
                     }
                     f.setFontSize(8);

@@ -183,7 +183,8 @@ void Druckflaeche::PaintPicture(const QImage& bild, double x, double y, double b
     m_maler.drawImage(QRectF(punkt(x, y), punkt(x + b, y + h)).normalized(), bild);
 }
 
-void Druckflaeche::PaintPicture(const QPixmap& bild, double x, double y, double breite, double hoehe)
+void Druckflaeche::PaintPicture(const QPixmap& bild, double x, double y, double breite,
+                                double hoehe)
 {
     PaintPicture(bild.toImage(), x, y, breite, hoehe);
 }

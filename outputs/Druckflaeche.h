@@ -75,8 +75,10 @@ public:
     void Box(double x1, double y1, double x2, double y2);
     // The picture with its top left corner at (x, y); a width or height below 0 takes the
     // picture's own size (15 twips a pixel). The current position does not move.
-    void PaintPicture(const QImage& bild, double x, double y, double breite = -1, double hoehe = -1);
-    void PaintPicture(const QPixmap& bild, double x, double y, double breite = -1, double hoehe = -1);
+    void PaintPicture(const QImage& bild, double x, double y, double breite = -1,
+                      double hoehe = -1);
+    void PaintPicture(const QPixmap& bild, double x, double y, double breite = -1,
+                      double hoehe = -1);
 
     // A new sheet; on a picture it is cleared instead. The position goes to the top left.
     void NewPage();

@@ -43,7 +43,8 @@ class TestGenerator : public QObject {
             DateiSchreiben(d + i.key(), i.value());
         return d;
     }
-    static Zeilenwerte platte(const QString& band, const QString& titel, const QString& stil, const QString& pfad)
+    static Zeilenwerte platte(const QString& band, const QString& titel, const QString& stil,
+                              const QString& pfad)
     {
         return {{"Band", band}, {"LPTitel", titel}, {"Stil", stil}, {"Musikpfad", pfad}};
     }
@@ -52,14 +53,23 @@ class TestGenerator : public QObject {
     {
         static int lauf = 0;
         musik = Testordner(QStringLiteral("gen%1").arg(++lauf));
-        FensterStarten(w, {.zeilen = {platte("Abba", "Arrival", "Pop", ordner("abba", {{"Dancing Queen - 5.mp3", "dq"}, {"Money.mp3", "mo"}})),
-                                      platte("Beatles", "Help!", "Rock", ordner("beatles", {{"Help - 4.mp3", "he"}, {"Yesterday.mp3", "ye"}})),
-                                      platte("Cream", "Fresh", "Blues", ordner("cream", {{"Solo.mp3", "so"}})),
-                                      platte("Doors", "L.A.", "Schlager", ordner("doors", {{"X.mp3", "x"}, {"Y.mp3", "y"}}))}});
+        FensterStarten(
+            w,
+            {.zeilen
+             = {platte("Abba", "Arrival", "Pop",
+                       ordner("abba", {{"Dancing Queen - 5.mp3", "dq"}, {"Money.mp3", "mo"}})),
+                platte("Beatles", "Help!", "Rock",
+                       ordner("beatles", {{"Help - 4.mp3", "he"}, {"Yesterday.mp3", "ye"}})),
+                platte("Cream", "Fresh", "Blues", ordner("cream", {{"Solo.mp3", "so"}})),
+                platte("Doors", "L.A.", "Schlager",
+                       ordner("doors", {{"X.mp3", "x"}, {"Y.mp3", "y"}}))}});
         Attrappen::zufall().werte.clear();
         Attrappen::zufall().sonst = 0.0;
     }
-    static QString liste(const QString& name = "Liedliste.lst") { return ProgrammOrdner + "Playlist/" + name; }
+    static QString liste(const QString& name = "Liedliste.lst")
+    {
+        return ProgrammOrdner + "Playlist/" + name;
+    }
     static void zufall(std::initializer_list<double> werte)
     {
         Attrappen::zufall().werte.clear();
@@ -72,7 +82,10 @@ class TestGenerator : public QObject {
         for (const QString& t : texte)
             Attrappen::dialoge().antwortenMsg << t;
     }
-    static QStringList dateien(const QString& ordner) { return QDir(ordner).entryList(QDir::Files, QDir::Name); }
+    static QStringList dateien(const QString& ordner)
+    {
+        return QDir(ordner).entryList(QDir::Files, QDir::Name);
+    }
 
     // The generator window over the main window, loaded, with a target and a count.
     std::unique_ptr<frmCDgenerieren> fenster(const QString& ziel, int anzahl)
@@ -109,16 +122,18 @@ private slots:
 
         QCOMPARE(dateien(ziel), QStringList({"Dancing Queen - 5.mp3", "Yesterday.mp3"}));
         QCOMPARE(DateiLesen(ziel + "Yesterday.mp3"), QByteArray("ye"));
-        QCOMPARE(TextdateiLesen(liste()), QStringList({"Big Money.mp3 · Somebody · Something",
-                                                       "Dancing Queen - 5.mp3 · Abba · Arrival",
-                                                       "Yesterday.mp3 · Beatles · Help!"}));
+        QCOMPARE(TextdateiLesen(liste()),
+                 QStringList({"Big Money.mp3 · Somebody · Something",
+                              "Dancing Queen - 5.mp3 · Abba · Arrival",
+                              "Yesterday.mp3 · Beatles · Help!"}));
         QCOMPARE(f->staBar->PanelText(1), "Kopiert: 2");
         QCOMPARE(f->staBar->PanelText(3), "Liste: 1");
         QCOMPARE(f->staBar->PanelText(4), "Drucken: 2");
         QCOMPARE(f->staBar->PanelText(5), "Ausschluss: 1");
         QCOMPARE(f->lblBez[9]->text(), "Liedliste verwenden (3)");
         QCOMPARE(f->lstDrucken->count(), 2);
-        QVERIFY(Attrappen::dialoge().meldungsTexte().contains("Lieder erfolgreich in den Sammelordner kopiert!"));
+        QVERIFY(Attrappen::dialoge().meldungsTexte().contains(
+            "Lieder erfolgreich in den Sammelordner kopiert!"));
 
         // Without the list the same song may come again: the target holds it already.
         f->chkLiedlisteVerwenden->setChecked(false);
@@ -157,7 +172,8 @@ private slots:
         QCOMPARE(f->staBar->PanelText(6), "Exit in: 0");
         const QList<Meldung> m = Attrappen::dialoge().meldungen();
         QCOMPARE(m.last().titel, "Sicherheitsschaltung");
-        QVERIFY(m.last().text.startsWith("Seit rund 120 Sekunden (2 Min.) wurde kein Lied mehr kopiert, \n"));
+        QVERIFY(m.last().text.startsWith(
+            "Seit rund 120 Sekunden (2 Min.) wurde kein Lied mehr kopiert, \n"));
         QVERIFY(dateien(ziel).isEmpty());
         QVERIFY(f->staBar->PanelText(5).startsWith("Ausschluss: "));
     }
@@ -185,10 +201,12 @@ private slots:
         f->cmdGenerieren_Click();
         wache.stop();
 
-        QCOMPARE(QDir(ziel).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList({"a.mp3"}));
+        QCOMPARE(QDir(ziel).entryList(QDir::Files | QDir::Hidden | QDir::System),
+                 QStringList({"a.mp3"}));
         QCOMPARE(QFileInfo(ziel + "a.mp3").size(), gross.size());
         QCOMPARE(TextdateiLesen(liste()), QStringList({"a.mp3 · Gross · Viel"}));
-        QVERIFY(!Attrappen::dialoge().meldungsTexte().contains("Lieder erfolgreich in den Sammelordner kopiert!"));
+        QVERIFY(!Attrappen::dialoge().meldungsTexte().contains(
+            "Lieder erfolgreich in den Sammelordner kopiert!"));
     }
 
     void liedlistenBefehle()
@@ -227,7 +245,8 @@ private slots:
 
         Attrappen::dialoge().antwortenDatei << liste("fehlt.lst");
         f->mnuLiedlisteLaden->trigger();
-        QCOMPARE(Attrappen::dialoge().meldungen().last().text, "Die Datei konnte nicht geladen werden!");
+        QCOMPARE(Attrappen::dialoge().meldungen().last().text,
+                 "Die Datei konnte nicht geladen werden!");
 
         // Delete moves the file to the trash; without a file the lists are emptied still.
         Attrappen::dialoge().antwortenMsg << "Ok";
@@ -264,7 +283,8 @@ private slots:
         // Where "nn |" stands: the line and the column.
         auto stelle = [](const QString& seite, int nr) -> QPoint {
             const QStringList z = seite.split(u'\n');
-            const QRegularExpression muster(QStringLiteral("\\b%1 \\|").arg(nr, 2, 10, QLatin1Char('0')));
+            const QRegularExpression muster(
+                QStringLiteral("\\b%1 \\|").arg(nr, 2, 10, QLatin1Char('0')));
             for (int i = 0; i < z.size(); ++i)
                 if (const auto t = muster.match(z[i]); t.hasMatch())
                     return {int(t.capturedStart()), i};
@@ -277,7 +297,8 @@ private slots:
         QVERIFY(vorher.x() > erstes.x() + 30);
         for (int nr = 3; nr <= 37; ++nr) {
             const QPoint p = stelle(seiten[0], nr);
-            QVERIFY2(p.y() > vorher.y() && qAbs(p.x() - vorher.x()) <= 2, qPrintable(QString::number(nr)));
+            QVERIFY2(p.y() > vorher.y() && qAbs(p.x() - vorher.x()) <= 2,
+                     qPrintable(QString::number(nr)));
             vorher = p;
         }
         QVERIFY(stelle(seiten[1], 38).x() >= 0 && stelle(seiten[1], 38).x() < erstes.x() + 5);
@@ -298,7 +319,8 @@ private slots:
         w->lstBandAusschluss->addItem("Beatl");
         Attrappen::dialoge().antwortenOrdner << ziel;
         w->mnuAlleSongsKopieren->trigger();
-        QCOMPARE(dateien(ziel), QStringList({"Dancing Queen - 5.mp3", "Money.mp3", "Solo.mp3", "X.mp3", "Y.mp3"}));
+        QCOMPARE(dateien(ziel),
+                 QStringList({"Dancing Queen - 5.mp3", "Money.mp3", "Solo.mp3", "X.mp3", "Y.mp3"}));
         QCOMPARE(DateiLesen(ziel + "Money.mp3"), QByteArray("alt"));
         QCOMPARE(Attrappen::dialoge().meldungen().last().text, "4 Lieder kopiert nach:\n" + ziel);
 
