@@ -38,7 +38,8 @@ void Druckflaeche::beginnen()
     m_schrift = QFont(QStringLiteral("Times New Roman"), 10);
     if (!m_maler.begin(m_geraet))
         return;
-    m_maler.setRenderHint(QPainter::Antialiasing, true);
+    // Lines and boxes stay sharp, as a printer draws them; text is smoothed by the fonts.
+    m_maler.setRenderHint(QPainter::Antialiasing, false);
     m_maler.setRenderHint(QPainter::SmoothPixmapTransform, true);
     schriftSetzen();
 }

@@ -1,6 +1,7 @@
 // The compilation generator: a run with exclusions and the song list, the stall watch on a
 // table that yields nothing, a stopped copy, the song list's commands, the printed case
-// insert read back from a PDF, and the copy of all songs of the table.
+// insert read back from a PDF, the print surface on a picture, and the copy of all songs of the
+// table.
 #include "support/Druckattrappe.h"
 #include "support/Fenster.h"
 #include "support/Katalog.h"
@@ -8,6 +9,7 @@
 #include "support/Testumgebung.h"
 
 #include "collections/frmCDgenerieren.h"
+#include "outputs/Druckflaeche.h"
 #include "platform/Textdatei.h"
 #include "shell/Ausgabebox.h"
 #include "shell/Einstellungen.h"
@@ -20,6 +22,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QGuiApplication>
+#include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -310,6 +313,30 @@ private slots:
         druck->abbrechen = false;
         QVERIFY(!QFile::exists(druck->datei));
         QVERIFY(Attrappen::dialoge().meldungen().isEmpty());
+    }
+
+    void druckflaecheAufBild()
+    {
+        // 15 twips a pixel; the point x = 0 lies 1500 twips right of the edge.
+        QImage bild(600, 400, QImage::Format_RGB32);
+        bild.fill(Qt::white);
+        Druckflaeche f(bild);
+        f.setScaleLeft(-1500);
+        f.Box(0, 300, 1500, 1800);
+        f.setCurrentX(300);
+        f.Print("a\tb", false);
+        QCOMPARE(f.CurrentX(), 300 + 1440 + f.TextWidth("b"));
+        f.Print();
+        // A line end goes back to the column where the line began, one line lower.
+        QCOMPARE(f.CurrentX(), 300.0);
+        QCOMPARE(f.CurrentY(), f.TextHeight());
+        f.setScaleMode(Druckflaeche::Einheit::Millimeter);
+        QVERIFY(qAbs(f.CurrentX() - 300 * 25.4 / 1440) < 1e-9);
+        QVERIFY(qAbs(f.ScaleWidth() - 600 * 15 * 25.4 / 1440) < 1e-9);
+        f.EndDoc();
+        QCOMPARE(bild.pixelColor(100, 40), QColor(Qt::black));
+        QCOMPARE(bild.pixelColor(150, 40), QColor(Qt::white));
+        QCOMPARE(bild.pixelColor(200, 80), QColor(Qt::black));
     }
 
     void alleSongsUndMenue()
