@@ -179,7 +179,7 @@ frmCDgenerieren::frmCDgenerieren(Ausgabebox& box)
     ProgressBar1 = new QProgressBar(this);
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
     ProgressBar1->setTextVisible(false);
-    staBar = new Statusleiste({80, 80, 70, 80, 90, 0}, this);
+    staBar = new Statusleiste({80, 85, 70, 85, 105, 0}, this);
     staBar->setObjectName(QStringLiteral("staBar"));
     staBar->setSizeGripEnabled(false);
 
