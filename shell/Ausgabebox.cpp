@@ -15,6 +15,7 @@
 #include "catalogue/Tabellenansicht.h"
 #include "catalogue/Werkzeugleiste.h"
 #include "collections/Abspielausschluss.h"
+#include "collections/Generator.h"
 #include "collections/Playlisten.h"
 #include "collections/Suche.h"
 #include "collections/SqlKonsole.h"
@@ -109,13 +110,14 @@ void Ausgabebox::TeileAnlegen()
     m_lastanzeige = new Lastanzeige(*this);
     m_hilfsfenster = new Hilfsfenster(*this);
     m_htmlSeiten = new HtmlSeiten(*this);
+    m_generator = new Generator(*this);
     // Wired once all are there, so that a part may call another while it wires itself.
     for (Teilbereich* teil : std::initializer_list<Teilbereich*>{
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_miniPlayer, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
              m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
-             m_schwesterprogramme, m_lastanzeige, m_hilfsfenster, m_htmlSeiten})
+             m_schwesterprogramme, m_lastanzeige, m_hilfsfenster, m_htmlSeiten, m_generator})
         teil->verbinden();
 }
 

@@ -64,6 +64,7 @@ public:
     class Hilfsfenster& hilfsfenster() const { return *m_hilfsfenster; }
     class MiniPlayer& miniPlayer() const { return *m_miniPlayer; }
     class HtmlSeiten& htmlSeiten() const { return *m_htmlSeiten; }
+    class Generator& generator() const { return *m_generator; }
 
     // ---- State that several parts read ----
     QString AktivesFeld;
@@ -119,4 +120,5 @@ private:
     class Hilfsfenster* m_hilfsfenster = nullptr;
     class MiniPlayer* m_miniPlayer = nullptr;
     class HtmlSeiten* m_htmlSeiten = nullptr;
+    class Generator* m_generator = nullptr;
 };
