@@ -74,6 +74,12 @@ private:
 
 QString inAnfuehrung(const QString& text) { return u'"' + text + u'"'; }
 
+// A runtime error of the classic table whose description also says what went wrong where.
+Laufzeitfehler Fehler(int nummer, const QString& warum)
+{
+    return Laufzeitfehler(nummer, Fehlerbeschreibung(nummer) + QStringLiteral(": ") + warum);
+}
+
 // A failed system call as a runtime error of the classic table, with what was being done.
 Laufzeitfehler Systemfehler(int e, const QString& was)
 {
@@ -83,7 +89,8 @@ Laufzeitfehler Systemfehler(int e, const QString& was)
     case EEXIST:
     case ENOTEMPTY:
         nummer = Fehlernummer::DateiExistiertBereits;
-        warum = QStringLiteral("Eine Datei dieses Namens ist schon da; sie wird nicht überschrieben.");
+        warum = QStringLiteral(
+            "Eine Datei dieses Namens ist schon da; sie wird nicht überschrieben.");
         break;
     case ENOENT:
         nummer = Fehlernummer::DateiNichtGefunden;
@@ -119,7 +126,7 @@ Laufzeitfehler Systemfehler(int e, const QString& was)
         warum = QStringLiteral("Systemmeldung: ") + QString::fromLocal8Bit(std::strerror(e));
         break;
     }
-    return Laufzeitfehler(nummer, Fehlerbeschreibung(nummer) + QStringLiteral(": ") + was + u' ' + warum);
+    return Fehler(nummer, was + u' ' + warum);
 }
 
 // Renames without ever replacing a file; 0 or the error number.
@@ -152,20 +159,20 @@ int umbenennenOhneErsetzen(const QByteArray& von, const QByteArray& nach)
 // A new name of a Track: one name in its folder, visible in the list.
 void NamePruefen(const QString& neu)
 {
-    auto falsch = [](const QString& warum) {
-        return Laufzeitfehler(Fehlernummer::DateinameFalsch,
-                              Fehlerbeschreibung(Fehlernummer::DateinameFalsch) + QStringLiteral(": ") + warum);
-    };
+    auto falsch = [](const QString& warum) { return Fehler(Fehlernummer::DateinameFalsch, warum); };
     if (neu.isEmpty())
         throw falsch(QStringLiteral("Der neue Name ist leer. Es wurde nichts umbenannt."));
     if (neu.contains(u'/') || neu.contains(QStringLiteral("..")) || neu.contains(QChar(0)))
-        throw falsch(QStringLiteral("Der Name ") + inAnfuehrung(neu)
-                     + QStringLiteral(" enthält \"/\" oder \"..\". Ein Track bleibt in seinem Musikordner; "
-                                      "er wird nicht umbenannt."));
+        throw falsch(
+            QStringLiteral("Der Name ") + inAnfuehrung(neu)
+            + QStringLiteral(" enthält \"/\" oder \"..\". Ein Track bleibt in seinem Musikordner; "
+                             "er wird nicht umbenannt."));
     if (neu.startsWith(u'.'))
-        throw falsch(QStringLiteral("Der Name ") + inAnfuehrung(neu)
-                     + QStringLiteral(" beginnt mit einem Punkt; der Track wäre in der Liste nicht mehr zu sehen. "
-                                      "Er wird nicht umbenannt."));
+        throw falsch(
+            QStringLiteral("Der Name ") + inAnfuehrung(neu)
+            + QStringLiteral(
+                " beginnt mit einem Punkt; der Track wäre in der Liste nicht mehr zu sehen. "
+                "Er wird nicht umbenannt."));
     if (QFile::encodeName(neu).size() > NameMaxBytes)
         throw falsch(QStringLiteral("Der Name ") + inAnfuehrung(neu)
                      + QStringLiteral(" ist länger als 255 Byte. Er wird nicht umbenannt."));
@@ -176,18 +183,18 @@ void NamePruefen(const QString& neu)
 void ZeichenzahlPruefen(int n, const QString& text)
 {
     if (n > text.size())
-        throw Laufzeitfehler(Fehlernummer::UngueltigerAufruf,
-                             Fehlerbeschreibung(Fehlernummer::UngueltigerAufruf)
-                                 + QStringLiteral(": %1 Zeichen sollen entfernt werden, aber ").arg(n)
-                                 + inAnfuehrung(text) + QStringLiteral(" hat nur %1. Es wurde nichts geändert.")
-                                                               .arg(text.size()));
+        throw Fehler(
+            Fehlernummer::UngueltigerAufruf,
+            QStringLiteral("%1 Zeichen sollen entfernt werden, aber ").arg(n) + inAnfuehrung(text)
+                + QStringLiteral(" hat nur %1. Es wurde nichts geändert.").arg(text.size()));
 }
 
 // Writes all of the buffer; 0 or the error number.
 int allesSchreiben(int fd, const char* daten, qint64 laenge, off_t* stelle = nullptr)
 {
     while (laenge > 0) {
-        const ssize_t n = stelle ? ::pwrite(fd, daten, size_t(laenge), *stelle) : ::write(fd, daten, size_t(laenge));
+        const ssize_t n = stelle ? ::pwrite(fd, daten, size_t(laenge), *stelle)
+                                 : ::write(fd, daten, size_t(laenge));
         if (n < 0) {
             if (errno == EINTR)
                 continue;
@@ -226,42 +233,47 @@ bool sicherLoeschen(const QByteArray& p, QString* grund)
     struct stat st;
     if (::lstat(p.constData(), &st) != 0)
         return nein(errno == ENOENT ? QStringLiteral("ist nicht mehr vorhanden")
-                                    : QStringLiteral("ist nicht lesbar (") + QString::fromLocal8Bit(std::strerror(errno))
-                                        + u')');
+                                    : QStringLiteral("ist nicht lesbar (")
+                            + QString::fromLocal8Bit(std::strerror(errno)) + u')');
     if (!S_ISREG(st.st_mode))
-        return nein(QStringLiteral("ist keine gewöhnliche Datei (eine Verknüpfung, ein Ordner oder ein Gerät) und "
-                                   "wird nicht sicher gelöscht"));
+        return nein(QStringLiteral(
+            "ist keine gewöhnliche Datei (eine Verknüpfung, ein Ordner oder ein Gerät) und "
+            "wird nicht sicher gelöscht"));
     if (st.st_nlink > 1)
-        return nein(QStringLiteral("hat weitere harte Verknüpfungen; das Überschreiben träfe auch diese, darum wird "
-                                   "sie nicht sicher gelöscht"));
+        return nein(QStringLiteral(
+            "hat weitere harte Verknüpfungen; das Überschreiben träfe auch diese, darum wird "
+            "sie nicht sicher gelöscht"));
     // Only what can also be removed is overwritten: no file is left blank but still there.
     const QByteArray ordner = QFile::encodeName(OrdnerAusPfad(QFile::decodeName(p)));
     if (!ordnerBeschreibbar(ordner.isEmpty() ? QByteArray(".") : ordner, st))
-        return nein(QStringLiteral("liegt in einem schreibgeschützten Ordner und bleibt unverändert"));
+        return nein(
+            QStringLiteral("liegt in einem schreibgeschützten Ordner und bleibt unverändert"));
     const int fd = ::open(p.constData(), O_WRONLY | O_NOFOLLOW | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0)
         return nein(errno == EACCES || errno == EPERM || errno == EROFS
                         ? QStringLiteral("ist schreibgeschützt und bleibt unverändert")
-                        : QStringLiteral("lässt sich nicht öffnen (") + QString::fromLocal8Bit(std::strerror(errno))
-                            + u')');
+                        : QStringLiteral("lässt sich nicht öffnen (")
+                            + QString::fromLocal8Bit(std::strerror(errno)) + u')');
     auto zu = qScopeGuard([fd] { ::close(fd); });
     struct stat offen;
     // The file opened must be the one looked at, not something put in its place meanwhile.
-    if (::fstat(fd, &offen) != 0 || !S_ISREG(offen.st_mode) || offen.st_dev != st.st_dev || offen.st_ino != st.st_ino)
-        return nein(QStringLiteral("wurde während des Löschens ausgetauscht und bleibt unverändert"));
+    if (::fstat(fd, &offen) != 0 || !S_ISREG(offen.st_mode) || offen.st_dev != st.st_dev
+        || offen.st_ino != st.st_ino)
+        return nein(
+            QStringLiteral("wurde während des Löschens ausgetauscht und bleibt unverändert"));
     static const QByteArray leer(4096, ' ');
     off_t stelle = 0;
     for (off_t rest = offen.st_size; rest > 0;) {
         const qint64 block = std::min<off_t>(rest, leer.size());
         if (const int e = allesSchreiben(fd, leer.constData(), block, &stelle))
-            return nein(QStringLiteral("ließ sich nicht überschreiben (") + QString::fromLocal8Bit(std::strerror(e))
-                        + u')');
+            return nein(QStringLiteral("ließ sich nicht überschreiben (")
+                        + QString::fromLocal8Bit(std::strerror(e)) + u')');
         rest -= block;
     }
     // The blanks reach the disk before the name goes.
     if (::fsync(fd) != 0)
-        return nein(QStringLiteral("ließ sich nicht überschreiben (") + QString::fromLocal8Bit(std::strerror(errno))
-                    + u')');
+        return nein(QStringLiteral("ließ sich nicht überschreiben (")
+                    + QString::fromLocal8Bit(std::strerror(errno)) + u')');
     zu.dismiss();
     ::close(fd);
     if (::unlink(p.constData()) != 0)
@@ -279,19 +291,20 @@ bool TrackKopieren(const QString& quelle, const QString& ziel, bool ersetzen)
     const QByteArray z = QFile::encodeName(ziel);
     const int ein = ::open(q.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (ein < 0)
-        throw Systemfehler(errno, QStringLiteral("Der Track ") + inAnfuehrung(quelle)
-                                      + QStringLiteral(" lässt sich nicht lesen."));
+        throw Systemfehler(errno,
+                           QStringLiteral("Der Track ") + inAnfuehrung(quelle)
+                               + QStringLiteral(" lässt sich nicht lesen."));
     auto einZu = qScopeGuard([ein] { ::close(ein); });
     struct stat st;
     if (::fstat(ein, &st) != 0 || !S_ISREG(st.st_mode))
-        throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                             Fehlerbeschreibung(Fehlernummer::ZugriffsFehler) + QStringLiteral(": ")
-                                 + inAnfuehrung(quelle) + QStringLiteral(" ist keine gewöhnliche Datei."));
+        throw Fehler(Fehlernummer::ZugriffsFehler,
+                     inAnfuehrung(quelle) + QStringLiteral(" ist keine gewöhnliche Datei."));
     QByteArray vorlage = QFile::encodeName(OrdnerAusPfad(ziel)) + ".rk-kopie-XXXXXX";
     const int aus = ::mkostemp(vorlage.data(), O_CLOEXEC);
     if (aus < 0)
-        throw Systemfehler(errno, QStringLiteral("Im Zielordner ") + inAnfuehrung(OrdnerAusPfad(ziel))
-                                      + QStringLiteral(" lässt sich keine Datei anlegen."));
+        throw Systemfehler(errno,
+                           QStringLiteral("Im Zielordner ") + inAnfuehrung(OrdnerAusPfad(ziel))
+                               + QStringLiteral(" lässt sich keine Datei anlegen."));
     bool offen = true;
     auto aufraeumen = qScopeGuard([&] {
         if (offen)
@@ -343,8 +356,9 @@ bool TrackKopieren(const QString& quelle, const QString& ziel, bool ersetzen)
 bool gleicheDatei(const QString& a, const QString& b)
 {
     struct stat sa, sb;
-    return ::stat(QFile::encodeName(a).constData(), &sa) == 0 && ::stat(QFile::encodeName(b).constData(), &sb) == 0
-        && sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
+    return ::stat(QFile::encodeName(a).constData(), &sa) == 0
+        && ::stat(QFile::encodeName(b).constData(), &sb) == 0 && sa.st_dev == sb.st_dev
+        && sa.st_ino == sb.st_ino;
 }
 
 // The title of a Track: its name up to its last dot.
@@ -367,7 +381,8 @@ QString LaengeText(double sekunden)
     const long s = std::lround(sekunden);
     const long rest = s % 60;
     return QString::number(s / 60) + u':'
-        + (rest < 0 ? QStringLiteral("-%1").arg(-rest, 2, 10, QChar(u'0')) : QStringLiteral("%1").arg(rest, 2, 10, QChar(u'0')));
+        + (rest < 0 ? QStringLiteral("-%1").arg(-rest, 2, 10, QChar(u'0'))
+                    : QStringLiteral("%1").arg(rest, 2, 10, QChar(u'0')));
 }
 
 // A line of the Songs pane as a name: the numbering in front goes, again and again.
@@ -424,8 +439,8 @@ bool DateiLoeschen(const QString& pfad, int modus, bool flag, QString* grund)
         if (::unlink(p.constData()) != 0)
             return nein(errno == EACCES || errno == EPERM || errno == EROFS
                             ? QStringLiteral("liegt in einem schreibgeschützten Ordner und bleibt")
-                            : QStringLiteral("ließ sich nicht löschen (") + QString::fromLocal8Bit(std::strerror(errno))
-                                + u')');
+                            : QStringLiteral("ließ sich nicht löschen (")
+                                + QString::fromLocal8Bit(std::strerror(errno)) + u')');
         return true;
     case 1:
         if (!D().papierkorb().verschieben(pfad))
@@ -441,7 +456,8 @@ bool DateiLoeschen(const QString& pfad, int modus, bool flag, QString* grund)
 QString WortanfangGross(const QString& name)
 {
     QString s = name.trimmed();
-    auto asciiBuchstabe = [](QChar c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); };
+    auto asciiBuchstabe
+        = [](QChar c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); };
     qsizetype i = 0;
     while (i < s.size() && !asciiBuchstabe(s[i]))
         ++i;
@@ -459,14 +475,18 @@ QString WortanfangGross(const QString& name)
 void Trackdateien::verbinden()
 {
     BefehlVerbinden(box.mnuTrackName, this, [this] { mnuTrackName_Click(); });
-    BefehlVerbinden(box.mnuTracksRenameTextTrack, this, [this] { mnuTracksRenameTextTrack_Click(); });
+    BefehlVerbinden(box.mnuTracksRenameTextTrack, this,
+                    [this] { mnuTracksRenameTextTrack_Click(); });
     BefehlVerbinden(box.mnuTrackSuchenErsetzen, this, [this] { mnuTrackSuchenErsetzen_Click(); });
     BefehlVerbinden(box.mnuTrackKill, this, [this] { mnuTrackKill_Click(); });
     BefehlVerbinden(box.mnuTrackSpeichernUnter, this, [this] { mnuTrackSpeichernUnter_Click(); });
-    BefehlVerbinden(box.mnuTracksZeichenEntfernen, this, [this] { mnuTracksZeichenEntfernen_Click(); });
-    BefehlVerbinden(box.mnuTracksZeichenHintenEntfernen, this, [this] { mnuTracksZeichenHintenEntfernen_Click(); });
+    BefehlVerbinden(box.mnuTracksZeichenEntfernen, this,
+                    [this] { mnuTracksZeichenEntfernen_Click(); });
+    BefehlVerbinden(box.mnuTracksZeichenHintenEntfernen, this,
+                    [this] { mnuTracksZeichenHintenEntfernen_Click(); });
     BefehlVerbinden(box.mnuTrackGrossbuchstabe, this, [this] { mnuTrackGrossbuchstabe_Click(); });
-    BefehlVerbinden(box.mnuSongsZeichenEntfernen, this, [this] { mnuSongsZeichenEntfernen_Click(); });
+    BefehlVerbinden(box.mnuSongsZeichenEntfernen, this,
+                    [this] { mnuSongsZeichenEntfernen_Click(); });
     BefehlVerbinden(box.mnuTrackMovieCopy, this, [this] { mnuTrackMovieCopy_Click(); });
     BefehlVerbinden(box.mnuTrackMovieUmbenennen, this, [this] { mnuTrackMovieUmbenennen_Click(); });
 }
@@ -475,10 +495,8 @@ void Trackdateien::verbinden()
 
 QString Trackdateien::Musikordner() const
 {
-    auto fehlt = [](const QString& warum) {
-        return Laufzeitfehler(Fehlernummer::PfadNichtGefunden,
-                              Fehlerbeschreibung(Fehlernummer::PfadNichtGefunden) + QStringLiteral(": ") + warum);
-    };
+    auto fehlt
+        = [](const QString& warum) { return Fehler(Fehlernummer::PfadNichtGefunden, warum); };
     const QString text = box.TextMusikpfad->text().trimmed();
     if (text.isEmpty())
         throw fehlt(QStringLiteral("Der Tonträger hat keinen Musikpfad."));
@@ -487,18 +505,20 @@ QString Trackdateien::Musikordner() const
                     + QStringLiteral(" ist kein vollständiger Pfad (er beginnt nicht mit \"/\")."));
     const QFileInfo info(text);
     if (!info.isDir())
-        throw fehlt(QStringLiteral("Der Musikordner ") + inAnfuehrung(text) + QStringLiteral(" ist nicht vorhanden."));
+        throw fehlt(QStringLiteral("Der Musikordner ") + inAnfuehrung(text)
+                    + QStringLiteral(" ist nicht vorhanden."));
     const QString echt = info.canonicalFilePath();
     if (echt == u"/" || QDir::cleanPath(text) == u"/")
-        throw fehlt(QStringLiteral("Der Musikpfad ") + inAnfuehrung(text)
-                    + QStringLiteral(" ist das Wurzelverzeichnis, kein Musikordner eines Tonträgers."));
+        throw fehlt(
+            QStringLiteral("Der Musikpfad ") + inAnfuehrung(text)
+            + QStringLiteral(" ist das Wurzelverzeichnis, kein Musikordner eines Tonträgers."));
     // The names come from the list: it must show this folder.
     if (QFileInfo(box.filTrack->Path()).canonicalFilePath() != echt)
-        throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                             Fehlerbeschreibung(Fehlernummer::ZugriffsFehler)
-                                 + QStringLiteral(": Die Trackliste zeigt nicht den Ordner des Feldes Musikpfad (")
-                                 + inAnfuehrung(text)
-                                 + QStringLiteral("). Bitte den Tonträger erst speichern oder neu wählen."));
+        throw Fehler(
+            Fehlernummer::ZugriffsFehler,
+            QStringLiteral("Die Trackliste zeigt nicht den Ordner des Feldes Musikpfad (")
+                + inAnfuehrung(text)
+                + QStringLiteral("). Bitte den Tonträger erst speichern oder neu wählen."));
     return MitSchraegstrich(text);
 }
 
@@ -522,7 +542,8 @@ bool Trackdateien::WirdGespielt(const QString& pfad) const
 {
     static const QString spielt = QStringLiteral("playing:  ");
     const QString panel = box.staBar->PanelText(2);
-    return panel.startsWith(spielt) && QDir::cleanPath(panel.mid(spielt.size())) == QDir::cleanPath(pfad);
+    return panel.startsWith(spielt)
+        && QDir::cleanPath(panel.mid(spielt.size())) == QDir::cleanPath(pfad);
 }
 
 void Trackdateien::Umbenennen(const QString& ordner, const QString& alt, const QString& neu)
@@ -531,25 +552,26 @@ void Trackdateien::Umbenennen(const QString& ordner, const QString& alt, const Q
         return;
     NamePruefen(neu);
     const QString quelle = ordner + alt;
-    const QString was = inAnfuehrung(alt) + QStringLiteral(" → ") + inAnfuehrung(neu) + QStringLiteral(":");
+    const QString was
+        = inAnfuehrung(alt) + QStringLiteral(" → ") + inAnfuehrung(neu) + QStringLiteral(":");
     if (WirdGespielt(quelle))
-        throw Laufzeitfehler(Fehlernummer::ZugriffsFehler, Fehlerbeschreibung(Fehlernummer::ZugriffsFehler)
-                                                               + QStringLiteral(": ") + inAnfuehrung(alt)
-                                                               + QStringLiteral(" wird gerade abgespielt."));
+        throw Fehler(Fehlernummer::ZugriffsFehler,
+                     inAnfuehrung(alt) + QStringLiteral(" wird gerade abgespielt."));
     const QByteArray von = QFile::encodeName(quelle);
     const QByteArray nach = QFile::encodeName(ordner + neu);
     struct stat st;
     if (::lstat(von.constData(), &st) != 0)
-        throw Laufzeitfehler(Fehlernummer::DateiNichtGefunden,
-                             Fehlerbeschreibung(Fehlernummer::DateiNichtGefunden) + QStringLiteral(": Der Track ")
-                                 + inAnfuehrung(alt) + QStringLiteral(" ist nicht mehr im Musikordner."));
+        throw Fehler(Fehlernummer::DateiNichtGefunden,
+                     QStringLiteral("Der Track ") + inAnfuehrung(alt)
+                         + QStringLiteral(" ist nicht mehr im Musikordner."));
     int e = umbenennenOhneErsetzen(von, nach);
     if (e == EEXIST && alt.compare(neu, Qt::CaseInsensitive) == 0) {
         // A file system that ignores case finds the old name under the new one: the change
         // of case goes through a name of its own.
         struct stat z;
         if (::lstat(nach.constData(), &z) == 0 && z.st_dev == st.st_dev && z.st_ino == st.st_ino) {
-            const QByteArray zwischen = QFile::encodeName(ordner + QStringLiteral(".rk-umbenennen-%1").arg(::getpid()));
+            const QByteArray zwischen
+                = QFile::encodeName(ordner + QStringLiteral(".rk-umbenennen-%1").arg(::getpid()));
             e = umbenennenOhneErsetzen(von, zwischen);
             if (e == 0) {
                 e = umbenennenOhneErsetzen(zwischen, nach);
@@ -595,10 +617,12 @@ void Trackdateien::ListeErneuern()
     }
     liste->selectionModel()->select(auswahl, QItemSelectionModel::Select);
     if (box.filTrack->isEnabled())
-        box.Bez[12]->setText(QStringLiteral("Tracks && Movies ") + QString::number(box.filTrack->count()));
+        box.Bez[12]->setText(QStringLiteral("Tracks && Movies ")
+                             + QString::number(box.filTrack->count()));
 }
 
-std::optional<int> Trackdateien::ZahlErfragen(const QString& prompt, const QString& titel, const QString& vorgabe) const
+std::optional<int> Trackdateien::ZahlErfragen(const QString& prompt, const QString& titel,
+                                              const QString& vorgabe) const
 {
     const QString antwort = InputNimb(prompt, titel, vorgabe);
     if (antwort.isEmpty())
@@ -608,7 +632,8 @@ std::optional<int> Trackdateien::ZahlErfragen(const QString& prompt, const QStri
 
 void Trackdateien::SongsRandSetzen()
 {
-    const double rand = Zahl(Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50"))).value_or(50.0);
+    const double rand
+        = Zahl(Lesen(QStringLiteral("SeitenrandLinks"), QStringLiteral("50"))).value_or(50.0);
     QTextCursor c(box.TextSongs->document());
     c.select(QTextCursor::Document);
     QTextBlockFormat einzug;
@@ -653,11 +678,12 @@ void Trackdateien::mnuTracksRenameTextTrack_Click()
                     22, 1, QStringLiteral("Tracks umbenennen: Text vor Tracks"), 0)
             == u"Nein")
             return;
-        QString text = InputNimb(
-            QStringLiteral("Geben Sie nun den Text ein, der vor den markierten Tracks erscheinen soll. Der Text muss "
-                           "die Dateinamenkonvention einhalten und darf zusammen mit dem Track nicht länger als 254 "
-                           "Zeichen sein!"),
-            QStringLiteral("Text vor Tracks"));
+        QString text = InputNimb(QStringLiteral("Geben Sie nun den Text ein, der vor den "
+                                                "markierten Tracks erscheinen soll. Der Text muss "
+                                                "die Dateinamenkonvention einhalten und darf "
+                                                "zusammen mit dem Track nicht länger als 254 "
+                                                "Zeichen sein!"),
+                                 QStringLiteral("Text vor Tracks"));
         if (text.isEmpty())
             return;
         for (const QChar c : QStringLiteral("\\/:*?\"<>|"))
@@ -727,9 +753,10 @@ void Trackdateien::mnuTracksZeichenEntfernen_Click()
         return;
     try {
         const QString ordner = Musikordner();
-        const auto n = ZahlErfragen(QStringLiteral("Wie viele Zeichen sollen VORNE an den markierten Tracks entfernt "
-                                                   "werden?"),
-                                    QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("5"));
+        const auto n = ZahlErfragen(
+            QStringLiteral("Wie viele Zeichen sollen VORNE an den markierten Tracks entfernt "
+                           "werden?"),
+            QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("5"));
         if (!n)
             return;
         QList<QPair<QString, QString>> plan;
@@ -758,9 +785,10 @@ void Trackdateien::mnuTracksZeichenHintenEntfernen_Click()
         return;
     try {
         const QString ordner = Musikordner();
-        const auto n = ZahlErfragen(QStringLiteral("Wie viele Zeichen sollen HINTEN an den markierten Tracks entfernt "
-                                                   "werden?"),
-                                    QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("4"));
+        const auto n = ZahlErfragen(
+            QStringLiteral("Wie viele Zeichen sollen HINTEN an den markierten Tracks entfernt "
+                           "werden?"),
+            QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("4"));
         if (!n)
             return;
         QList<QPair<QString, QString>> plan;
@@ -835,28 +863,29 @@ void Trackdateien::mnuTrackSpeichernUnter_Click()
         const QString quelle = ordner + eintrag;
         struct stat st;
         if (::lstat(QFile::encodeName(quelle).constData(), &st) != 0)
-            throw Laufzeitfehler(Fehlernummer::DateiNichtGefunden,
-                                 Fehlerbeschreibung(Fehlernummer::DateiNichtGefunden) + QStringLiteral(": Der Track ")
-                                     + inAnfuehrung(eintrag) + QStringLiteral(" ist nicht mehr im Musikordner."));
+            throw Fehler(Fehlernummer::DateiNichtGefunden,
+                         QStringLiteral("Der Track ") + inAnfuehrung(eintrag)
+                             + QStringLiteral(" ist nicht mehr im Musikordner."));
         const QString zielOrdner = OrdnerAusPfad(ziel);
-        if (!QDir::isAbsolutePath(ziel) || DateinameAusPfad(ziel).isEmpty() || !QFileInfo(zielOrdner).isDir())
-            throw Laufzeitfehler(Fehlernummer::PfadNichtGefunden,
-                                 Fehlerbeschreibung(Fehlernummer::PfadNichtGefunden) + QStringLiteral(": Der Zielordner ")
-                                     + inAnfuehrung(zielOrdner) + QStringLiteral(" ist nicht vorhanden."));
+        if (!QDir::isAbsolutePath(ziel) || DateinameAusPfad(ziel).isEmpty()
+            || !QFileInfo(zielOrdner).isDir())
+            throw Fehler(Fehlernummer::PfadNichtGefunden,
+                         QStringLiteral("Der Zielordner ") + inAnfuehrung(zielOrdner)
+                             + QStringLiteral(" ist nicht vorhanden."));
         const QFileInfo zielInfo(ziel);
         if (zielInfo.isDir())
-            throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                 Fehlerbeschreibung(Fehlernummer::ZugriffsFehler) + QStringLiteral(": Das Ziel ")
-                                     + inAnfuehrung(ziel) + QStringLiteral(" ist ein Ordner."));
+            throw Fehler(Fehlernummer::ZugriffsFehler,
+                         QStringLiteral("Das Ziel ") + inAnfuehrung(ziel)
+                             + QStringLiteral(" ist ein Ordner."));
         if (gleicheDatei(quelle, ziel) || QDir::cleanPath(quelle) == QDir::cleanPath(ziel))
-            throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                 Fehlerbeschreibung(Fehlernummer::ZugriffsFehler)
-                                     + QStringLiteral(": Das Ziel ist der Track selbst; er wird nicht auf sich selbst "
-                                                      "kopiert."));
+            throw Fehler(Fehlernummer::ZugriffsFehler,
+                         QStringLiteral("Das Ziel ist der Track selbst; er wird nicht auf sich "
+                                        "selbst kopiert."));
         bool ersetzen = false;
         if (zielInfo.exists() || zielInfo.isSymLink()) {
-            if (MsgNimb(QStringLiteral("Soll der vorhandene Track überschrieben werden?\n\n") + ziel, 22, 2,
-                        QStringLiteral("Sicherheitsabfrage"), 0)
+            if (MsgNimb(QStringLiteral("Soll der vorhandene Track überschrieben werden?\n\n")
+                            + ziel,
+                        22, 2, QStringLiteral("Sicherheitsabfrage"), 0)
                 == u"Nein")
                 return;
             ersetzen = true;
@@ -912,8 +941,8 @@ void Trackdateien::TracksLoeschen(int modus)
     }
     ListeErneuern();
     if (!geblieben.isEmpty())
-        MsgNimb(QStringLiteral("Diese Tracks wurden nicht gelöscht:\n\n") + geblieben.join(u'\n'), 3, 0,
-                QStringLiteral("Tracks löschen"), 0, Farbe::WarnHintergrund);
+        MsgNimb(QStringLiteral("Diese Tracks wurden nicht gelöscht:\n\n") + geblieben.join(u'\n'),
+                3, 0, QStringLiteral("Tracks löschen"), 0, Farbe::WarnHintergrund);
 }
 
 void Trackdateien::mnuSongsZeichenEntfernen_Click()
@@ -922,9 +951,10 @@ void Trackdateien::mnuSongsZeichenEntfernen_Click()
     if (!sperre)
         return;
     try {
-        const auto n = ZahlErfragen(QStringLiteral("Wie viele Zeichen sollen hinten an den Songs entfernt werden?\n\n"
-                                                   "Liedlänge = 8 Zeichen"),
-                                    QStringLiteral("n Zeichen entfernen"), QStringLiteral("10"));
+        const auto n = ZahlErfragen(
+            QStringLiteral("Wie viele Zeichen sollen hinten an den Songs entfernt werden?\n\n"
+                           "Liedlänge = 8 Zeichen"),
+            QStringLiteral("n Zeichen entfernen"), QStringLiteral("10"));
         if (!n)
             return;
         QStringList zeilen = Zeilen(box.TextSongs);
@@ -933,10 +963,10 @@ void Trackdateien::mnuSongsZeichenEntfernen_Click()
             zeilen.removeLast();
         // The text as it was stays behind in temp.dat.
         if (!TextdateiSchreiben(ProgrammOrdner + QStringLiteral("temp.dat"), zeilen))
-            throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                 Fehlerbeschreibung(Fehlernummer::ZugriffsFehler) + QStringLiteral(": ")
-                                     + inAnfuehrung(ProgrammOrdner + QStringLiteral("temp.dat"))
-                                     + QStringLiteral(" ließ sich nicht schreiben; das Feld Songs bleibt, wie es ist."));
+            throw Fehler(Fehlernummer::ZugriffsFehler,
+                         inAnfuehrung(ProgrammOrdner + QStringLiteral("temp.dat"))
+                             + QStringLiteral(
+                                 " ließ sich nicht schreiben; das Feld Songs bleibt, wie es ist."));
         // Every line is checked before the pane changes, so that a refused n leaves it whole.
         QStringList neu;
         for (const QString& zeile : std::as_const(zeilen)) {
@@ -963,17 +993,19 @@ void Trackdateien::mnuTrackMovieCopy_Click()
         Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuTrackMovieCopy_Click"));
         return;
     }
-    if (MsgNimb(QStringLiteral("Sollen die Titel der Liste \"Tracks & Movies\"\nin das Textfeld \"Songs\" kopiert "
-                               "werden?"),
-                32, 1, QStringLiteral("Tracks & Movies kopieren"), 0)
+    if (MsgNimb(
+            QStringLiteral(
+                "Sollen die Titel der Liste \"Tracks & Movies\"\nin das Textfeld \"Songs\" kopiert "
+                "werden?"),
+            32, 1, QStringLiteral("Tracks & Movies kopieren"), 0)
         != u"Ja")
         return;
-    const QString nummern =
-        MsgNimb(QStringLiteral("Zählernummer voranstellen (1., 2. usw.)?"), 32, 1, QStringLiteral("Tracks & Movies"), 0);
+    const QString nummern = MsgNimb(QStringLiteral("Zählernummer voranstellen (1., 2. usw.)?"), 32,
+                                    1, QStringLiteral("Tracks & Movies"), 0);
     if (nummern == u"Exit")
         return;
-    const QString laengen = MsgNimb(QStringLiteral("Liedlänge messen und anfügen (Beispiel 02:45)"), 32, 1,
-                                    QStringLiteral("Liedlänge messen"), 0);
+    const QString laengen = MsgNimb(QStringLiteral("Liedlänge messen und anfügen (Beispiel 02:45)"),
+                                    32, 1, QStringLiteral("Liedlänge messen"), 0);
     if (laengen == u"Exit")
         return;
     ListeErneuern();
@@ -982,7 +1014,8 @@ void Trackdateien::mnuTrackMovieCopy_Click()
     QStringList zeilen;
     const QStringList eintraege = Eintraege(false);
     for (int i = 0; i < eintraege.size(); ++i) {
-        QString zeile = nummern == u"Ja" ? u' ' + QString::number(i + 1) + QStringLiteral(". ") : QString();
+        QString zeile
+            = nummern == u"Ja" ? u' ' + QString::number(i + 1) + QStringLiteral(". ") : QString();
         zeile += Titel(eintraege[i]);
         if (laengen == u"Ja") {
             const QString pfad = ordner + eintraege[i];
@@ -1005,9 +1038,11 @@ void Trackdateien::mnuTrackMovieUmbenennen_Click()
         return;
     try {
         const QString ordner = Musikordner();
-        if (MsgNimb(QStringLiteral("Sollen die Titel in der Liste \"Tracks & Movies\" entsprechend \nder Titel im "
-                                   "Textfeld \"Songs\" umbenannt werden?"),
-                    22, 2, QStringLiteral("Tracks & Movies umbenennen"), 0)
+        if (MsgNimb(
+                QStringLiteral(
+                    "Sollen die Titel in der Liste \"Tracks & Movies\" entsprechend \nder Titel im "
+                    "Textfeld \"Songs\" umbenannt werden?"),
+                22, 2, QStringLiteral("Tracks & Movies umbenennen"), 0)
             == u"Nein")
             return;
         QString text = box.TextSongs->toPlainText().trimmed();
@@ -1017,18 +1052,18 @@ void Trackdateien::mnuTrackMovieUmbenennen_Click()
         const QStringList eintraege = Eintraege(false);
         // Line and file are paired by position: more lines than files pair nothing right.
         if (zeilen.size() > eintraege.size())
-            throw Laufzeitfehler(Fehlernummer::IndexAusserhalb,
-                                 Fehlerbeschreibung(Fehlernummer::IndexAusserhalb)
-                                     + QStringLiteral(": Das Textfeld \"Songs\" hat %1 Zeilen, die Liste \"Tracks & "
-                                                      "Movies\" nur %2 Einträge. Es wurde nichts umbenannt.")
-                                           .arg(zeilen.size())
-                                           .arg(eintraege.size()));
+            throw Fehler(
+                Fehlernummer::IndexAusserhalb,
+                QStringLiteral("Das Textfeld \"Songs\" hat %1 Zeilen, die Liste \"Tracks & "
+                               "Movies\" nur %2 Einträge. Es wurde nichts umbenannt.")
+                    .arg(zeilen.size())
+                    .arg(eintraege.size()));
         const int stellen = eintraege.size() < 101 ? 2 : 3;
         QList<QPair<QString, QString>> plan;
         for (int i = 0; i < zeilen.size(); ++i) {
             const QString endung = Endung(eintraege[i]);
-            const QString neu = QStringLiteral("%1").arg(i + 1, stellen, 10, QChar(u'0')) + QStringLiteral(" - ")
-                + ZeileBereinigen(zeilen[i]) + endung;
+            const QString neu = QStringLiteral("%1").arg(i + 1, stellen, 10, QChar(u'0'))
+                + QStringLiteral(" - ") + ZeileBereinigen(zeilen[i]) + endung;
             NamePruefen(neu);
             plan.append({eintraege[i], neu});
         }

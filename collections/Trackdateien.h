@@ -77,7 +77,8 @@ private:
     // where their Tracks are, under their new names where they were renamed.
     void ListeErneuern();
     // The n of "n characters", asked; nothing for Exit.
-    std::optional<int> ZahlErfragen(const QString& prompt, const QString& titel, const QString& vorgabe) const;
+    std::optional<int> ZahlErfragen(const QString& prompt, const QString& titel,
+                                    const QString& vorgabe) const;
     // Applies SeitenrandLinks to the whole of TextSongs.
     void SongsRandSetzen();
 

@@ -33,12 +33,13 @@ frmKillTrack::frmKillTrack(Ausgabebox& box)
     lblMethode->setObjectName(QStringLiteral("lblMethode"));
 
     const char* const texte[4] = {"&Papierkorb", "&Sicher", "&Normal", "&Abbrechen"};
-    const char* const tipps[4] = {" In den Papierkorb verschieben ",
-                                  " Mit Leerzeichen überschreiben, dann löschen ",
-                                  " Sofort löschen, ohne Papierkorb ", " Nichts löschen "};
+    const char* const tipps[4]
+        = {" In den Papierkorb verschieben ", " Mit Leerzeichen überschreiben, dann löschen ",
+           " Sofort löschen, ohne Papierkorb ", " Nichts löschen "};
     auto* knoepfe = new QHBoxLayout;
     for (int i = 0; i < cmdKill.Anzahl(); ++i) {
-        QPushButton* k = Befehlsknopf(this, cmdKill.Name(i), QString::fromUtf8(texte[i]), QString::fromUtf8(tipps[i]));
+        QPushButton* k = Befehlsknopf(this, cmdKill.Name(i), QString::fromUtf8(texte[i]),
+                                      QString::fromUtf8(tipps[i]));
         cmdKill[i] = k;
         knoepfe->addWidget(k);
         connect(k, &QPushButton::clicked, this, [this, i] { cmdKill_Click(i); });
