@@ -313,7 +313,7 @@ bool TrackKopieren(const QString& quelle, const QString& ziel, bool ersetzen)
     });
     const QString was = QStringLiteral("Die Kopie nach ") + inAnfuehrung(ziel)
         + QStringLiteral(" ist nicht entstanden; eine vorhandene Datei blieb unverändert.");
-    // The system may stop Esc between the blocks, and paints meanwhile.
+    // Esc stops the copy between two blocks; the windows are painted meanwhile.
     const EscAbbruch esc;
     Abbruch = false;
     std::vector<char> puffer(size_t(1) << 20);
@@ -437,10 +437,11 @@ bool DateiLoeschen(const QString& pfad, int modus, bool flag, QString* grund)
     switch (modus) {
     case 0:
         if (::unlink(p.constData()) != 0)
-            return nein(errno == EACCES || errno == EPERM || errno == EROFS
-                            ? QStringLiteral("liegt in einem schreibgeschützten Ordner und bleibt")
-                            : QStringLiteral("ließ sich nicht löschen (")
-                                + QString::fromLocal8Bit(std::strerror(errno)) + u')');
+            return nein(
+                errno == EACCES || errno == EPERM || errno == EROFS
+                    ? QStringLiteral("liegt in einem schreibgeschützten Ordner und bleibt erhalten")
+                    : QStringLiteral("ließ sich nicht löschen (")
+                        + QString::fromLocal8Bit(std::strerror(errno)) + u')');
         return true;
     case 1:
         if (!D().papierkorb().verschieben(pfad))
@@ -512,7 +513,13 @@ QString Trackdateien::Musikordner() const
         throw fehlt(
             QStringLiteral("Der Musikpfad ") + inAnfuehrung(text)
             + QStringLiteral(" ist das Wurzelverzeichnis, kein Musikordner eines Tonträgers."));
-    // The names come from the list: it must show this folder.
+    // The names come from the list: it must show this folder. A folder without files is
+    // not listed at all.
+    if (QFileInfo(box.filTrack->Path()).canonicalFilePath() != echt
+        && QDir(text).entryList(QDir::Files).isEmpty())
+        throw Fehler(Fehlernummer::DateiNichtGefunden,
+                     QStringLiteral("Im Musikordner ") + inAnfuehrung(text)
+                         + QStringLiteral(" liegen keine Tracks."));
     if (QFileInfo(box.filTrack->Path()).canonicalFilePath() != echt)
         throw Fehler(
             Fehlernummer::ZugriffsFehler,

@@ -215,6 +215,11 @@ private slots:
         QCOMPARE(imOrdner(anderer), QStringList{"a.mp3"});
         QCOMPARE(imOrdner(), QStringList{"a.mp3"});
 
+        // A folder without files is not listed: it says so.
+        starten(QStringList{});
+        w->mnuTrackGrossbuchstabe->trigger();
+        QCOMPARE(fehlernummer("mnuTrackGrossbuchstabe"), 53);
+
         // A Track that vanished behind the list's back.
         starten(QStringList{"a.mp3", "b.mp3"});
         QFile::remove(musik + "a.mp3");
