@@ -19,6 +19,7 @@
 #include "collections/Playlisten.h"
 #include "collections/Suche.h"
 #include "collections/SqlKonsole.h"
+#include "collections/Trackdateien.h"
 #include "media/Anhaenge.h"
 #include "media/Bildimport.h"
 #include "media/Coververwaltung.h"
@@ -101,6 +102,7 @@ void Ausgabebox::TeileAnlegen()
     m_sqlKonsole = new SqlKonsole(*this);
     m_suche = new Suche(*this);
     m_abspielausschluss = new Abspielausschluss(*this);
+    m_trackdateien = new Trackdateien(*this);
     m_coververwaltung = new Coververwaltung(*this);
     m_bildimport = new Bildimport(*this);
     m_anhaenge = new Anhaenge(*this);
@@ -116,7 +118,7 @@ void Ausgabebox::TeileAnlegen()
              m_katalogdatei, m_datensatzansicht, m_datensatzbearbeitung, m_tabellenansicht,
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_miniPlayer, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
-             m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
+             m_trackdateien, m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
              m_schwesterprogramme, m_lastanzeige, m_hilfsfenster, m_htmlSeiten, m_generator})
         teil->verbinden();
 }

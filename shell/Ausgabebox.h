@@ -54,6 +54,7 @@ public:
     class SqlKonsole& sqlKonsole() const { return *m_sqlKonsole; }
     class Suche& suche() const { return *m_suche; }
     class Abspielausschluss& abspielausschluss() const { return *m_abspielausschluss; }
+    class Trackdateien& trackdateien() const { return *m_trackdateien; }
     class Coververwaltung& coververwaltung() const { return *m_coververwaltung; }
     class Bildimport& bildimport() const { return *m_bildimport; }
     class Anhaenge& anhaenge() const { return *m_anhaenge; }
@@ -110,6 +111,7 @@ private:
     class SqlKonsole* m_sqlKonsole = nullptr;
     class Suche* m_suche = nullptr;
     class Abspielausschluss* m_abspielausschluss = nullptr;
+    class Trackdateien* m_trackdateien = nullptr;
     class Coververwaltung* m_coververwaltung = nullptr;
     class Bildimport* m_bildimport = nullptr;
     class Anhaenge* m_anhaenge = nullptr;
