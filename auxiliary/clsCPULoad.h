@@ -18,8 +18,8 @@ public:
 
 private:
     std::function<std::optional<double>()> m_quelle;
-    std::vector<int> m_stichproben;
     int m_stackSize = 5;
+    std::vector<int> m_stichproben; // after the size, which it is made from
     int m_anzahl = 0;
     long long m_summe = 0;
     int m_mittel = 0;
