@@ -19,7 +19,7 @@
 #include <QAction>
 #include <QDir>
 #include <QLabel>
-#include <QSaveFile>
+#include <QFile>
 
 #include <array>
 #include <cmath>
@@ -86,6 +86,9 @@ int HtmlSeiten::SeitenSchreiben()
 
     // Filled anew on every page and never cleared: a name that is no head keeps column 0.
     std::array<int, 23> spalte{};
+    // What every page shares goes into bytes once.
+    const QByteArray kopf = Webseiten::Kodieren(Webseiten::Kopf(ueberschrift, url));
+    const QByteArray navigation = Webseiten::Kodieren(Webseiten::Navigation(seiten));
     QString bandSchluessel;
     int erste = 1;
     int letzte = proSeite;
@@ -96,7 +99,7 @@ int HtmlSeiten::SeitenSchreiben()
         EreignisseZulassen();
         if (std::exchange(Abbruch, false))
             return -1;
-        QString text = Webseiten::Kopf(ueberschrift, url, seite, seiten, spalten);
+        QString text = Webseiten::Tabellenkopf(seite, spalten);
         for (int i = 0; i < spalten.size(); ++i)
             for (int j = 0; j < g->Cols(); ++j)
                 if (g->TextMatrix(0, j) == spalten[i])
@@ -118,10 +121,12 @@ int HtmlSeiten::SeitenSchreiben()
         }
         erste += proSeite;
         letzte += proSeite;
-        text += Webseiten::Fuss(seite, seiten);
-        QSaveFile datei(ordner + Webseiten::Dateiname(seite));
-        if (!datei.open(QIODevice::WriteOnly) || datei.write(Webseiten::Kodieren(text) + "\r\n") < 0
-            || !datei.commit())
+        text += Webseiten::Tabellenende(seite);
+        // One page, one write; the print of the buffer adds a line end of its own.
+        const QByteArray seitentext = kopf + navigation + Webseiten::Kodieren(text) + navigation
+            + Webseiten::Kodieren(Webseiten::Schluss(seite)) + "\r\n";
+        QFile datei(ordner + Webseiten::Dateiname(seite));
+        if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate) || datei.write(seitentext) < 0 || !datei.flush())
             throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
                                  QStringLiteral("Die Datei %1 kann nicht geschrieben werden.").arg(datei.fileName()));
     }

@@ -2,18 +2,13 @@
 
 #include "platform/Textdatei.h"
 
+#include <algorithm>
+#include <cstring>
+
 
 namespace {
 
 const QString CRLF = QStringLiteral("\r\n");
-
-QString navigation(int seiten)
-{
-    QString s;
-    for (int n = 1; n <= seiten; ++n)
-        s += QStringLiteral("| <b><a href=\"%1\">%2</a> </b>").arg(Webseiten::Dateiname(n)).arg(n) + CRLF;
-    return s;
-}
 
 QString produktLink(const QString& schluessel, const QString& text)
 {
@@ -36,16 +31,25 @@ std::optional<int> Seitenzahl(int datenzeilen, int proSeite)
     return 1;
 }
 
+QString Navigation(int seiten)
+{
+    QString s;
+    for (int n = 1; n <= seiten; ++n)
+        s += QStringLiteral("| <b><a href=\"") + Dateiname(n) + QStringLiteral("\">") + QString::number(n)
+            + QStringLiteral("</a> </b>") + CRLF;
+    return s;
+}
+
 QString Dateiname(int seite)
 {
     return seite == 1 ? QStringLiteral("index.html") : QStringLiteral("rillenkammer%1.html").arg(seite);
 }
 
-QString Kopf(const QString& ueberschrift, const QString& url, int seite, int seiten, const QStringList& spalten)
+QString Kopf(const QString& ueberschrift, const QString& url)
 {
     const QString u = ueberschrift;
     QString s;
-    s.reserve(4096);
+    s.reserve(2048);
     s += QStringLiteral("<!DOCTYPE HTML PUBLIC \"-//W3C//DTD 4.01 HTML TRANSITIONAL//EN\">") + CRLF;
     s += QStringLiteral("<html>") + CRLF;
     s += QStringLiteral("<head>") + CRLF;
@@ -80,8 +84,12 @@ QString Kopf(const QString& ueberschrift, const QString& url, int seite, int sei
     s += QStringLiteral("<input type=\"submit\" name=\"btnG\" value=\"Suchen\">") + CRLF;
     s += QStringLiteral("</form>") + CRLF;
     s += QStringLiteral("<p align=\"center\">") + CRLF;
-    s += navigation(seiten);
-    s += QStringLiteral("<br>   Seite <b>%1</b></p>").arg(seite);
+    return s;
+}
+
+QString Tabellenkopf(int seite, const QStringList& spalten)
+{
+    QString s = QStringLiteral("<br>   Seite <b>%1</b></p>").arg(seite);
     s += QStringLiteral("<table border=\"0\" align=\"center\" cellspacing=\"2\" cellpadding=\"5\" width=\"98%\" "
                         "bgcolor=\"#adc9de\">")
         + CRLF;
@@ -98,14 +106,15 @@ QString Kopf(const QString& ueberschrift, const QString& url, int seite, int sei
     return s;
 }
 
-QString Fuss(int seite, int seiten)
+QString Tabellenende(int seite)
 {
-    QString s;
-    s += QStringLiteral("</table>") + CRLF;
-    s += QStringLiteral("<p align=\"center\">") + CRLF;
-    s += QStringLiteral("   Seite <b>%1</b><br>").arg(seite);
-    s += navigation(seiten);
-    s += QStringLiteral("|   Seite %1 </p>").arg(seite);
+    return QStringLiteral("</table>") + CRLF + QStringLiteral("<p align=\"center\">") + CRLF
+        + QStringLiteral("   Seite <b>%1</b><br>").arg(seite);
+}
+
+QString Schluss(int seite)
+{
+    QString s = QStringLiteral("|   Seite %1 </p>").arg(seite);
     s += QStringLiteral("<font size=\"1\"><div align=\"right\">erstellt mit der Software <b>'Rillenkammer'</b>") + CRLF;
     s += QStringLiteral("von <a href=\"https://") + Herstellerseite
         + QStringLiteral("/rillenkammer.html\" target=\"_blank\"><b>Lumivox</b></a>") + CRLF;
@@ -122,6 +131,10 @@ QString Umlaute(QString text)
         {u'ä', "&auml;"}, {u'ö', "&ouml;"}, {u'ü', "&uuml;"}, {u'Ä', "&Auml;"},
         {u'Ö', "&Ouml;"}, {u'Ü', "&Uuml;"}, {u'ß', "&szlig;"},
     };
+    // Most cells hold none of them: one pass over the text decides.
+    const bool umlaut = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() >= 0xC4; });
+    if (!umlaut)
+        return text;
     for (const auto& [zeichen, entity] : tabelle)
         text.replace(zeichen, QLatin1String(entity));
     return text;
@@ -155,20 +168,36 @@ QString Zeilenanfang(QString& farbe)
 
 QByteArray Kodieren(const QString& seite)
 {
-    QByteArray aus;
-    aus.reserve(seite.size() + 64);
-    for (qsizetype i = 0; i < seite.size(); ++i) {
-        char32_t c = seite[i].unicode();
-        if (const int byte = Cp1252Byte(c); byte >= 0) {
-            aus += char(byte);
+    // Pages are almost all ASCII: those characters go straight into the buffer.
+    QByteArray aus(seite.size(), Qt::Uninitialized);
+    char* ziel = aus.data();
+    const char16_t* q = reinterpret_cast<const char16_t*>(seite.constData());
+    const qsizetype n = seite.size();
+    qsizetype geschrieben = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        char32_t c = q[i];
+        int byte = c < 0x80 ? int(c) : Cp1252Byte(c);
+        if (byte >= 0) {
+            if (geschrieben == aus.size()) {
+                aus.resize(aus.size() + aus.size() / 4 + 16);
+                ziel = aus.data();
+            }
+            ziel[geschrieben++] = char(byte);
             continue;
         }
-        if (QChar::isHighSurrogate(c) && i + 1 < seite.size() && seite[i + 1].isLowSurrogate()) {
-            c = QChar::surrogateToUcs4(seite[i], seite[i + 1]);
+        if (QChar::isHighSurrogate(c) && i + 1 < n && QChar::isLowSurrogate(q[i + 1])) {
+            c = QChar::surrogateToUcs4(char16_t(c), q[i + 1]);
             ++i;
         }
-        aus += "&#" + QByteArray::number(quint32(c)) + ';';
+        const QByteArray bezug = "&#" + QByteArray::number(quint32(c)) + ';';
+        if (geschrieben + bezug.size() > aus.size()) {
+            aus.resize(geschrieben + bezug.size() + aus.size() / 4 + 16);
+            ziel = aus.data();
+        }
+        memcpy(ziel + geschrieben, bezug.constData(), size_t(bezug.size()));
+        geschrieben += bezug.size();
     }
+    aus.resize(geschrieben);
     return aus;
 }
 

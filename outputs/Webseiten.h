@@ -21,10 +21,18 @@ inline const QString BeispielWebsite = QStringLiteral("https://www.rillenkammer.
 std::optional<int> Seitenzahl(int datenzeilen, int proSeite);
 // The file of page n: "index.html", then "rillenkammer2.html" and so on.
 QString Dateiname(int seite);
-// The page from its start to the head row of the table, and the head cells.
-QString Kopf(const QString& ueberschrift, const QString& url, int seite, int seiten, const QStringList& spalten);
-// The table's end and the page's end.
-QString Fuss(int seite, int seiten);
+// A page is: Kopf, Navigation, Tabellenkopf, the rows, Tabellenende, Navigation, Schluss.
+// Kopf and Navigation are the same on every page of a run, so they are made once.
+// The page's start up to its navigation.
+QString Kopf(const QString& ueberschrift, const QString& url);
+// The links to all pages, one line each.
+QString Navigation(int seiten);
+// The page number and the table's head row with its cells.
+QString Tabellenkopf(int seite, const QStringList& spalten);
+// The table's end and the page number before the navigation below it.
+QString Tabellenende(int seite);
+// The page number after the lower navigation and the page's end.
+QString Schluss(int seite);
 // "ä" to "&auml;" and the other six German letters; nothing else is escaped.
 QString Umlaute(QString text);
 // One data cell, by the name of its grid column; the band key carries the last band from
