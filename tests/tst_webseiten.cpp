@@ -14,6 +14,10 @@
 #include "shell/Steuerelemente.h"
 
 #include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -210,6 +214,36 @@ private slots:
         Attrappen::leeren();
         w->mnuHtmlSeitenErstellen->trigger();
         QCOMPARE(Attrappen::dialoge().meldungen().value(0).titel, QString("Ausgabebox_mnuHtmlSeitenErstellen_Click"));
+    }
+
+    // The pages in a real browser: its DOM holds the table's rows and the navigation, and
+    // it draws the page.
+    void imBrowser()
+    {
+        const QString browser = QStandardPaths::findExecutable(QStringLiteral("chromium"));
+        if (browser.isEmpty())
+            QSKIP("chromium ist nicht installiert");
+        QList<Zeilenwerte> zeilen;
+        for (int i = 0; i < 60; ++i)
+            zeilen << Zeilenwerte{{"Band", QStringLiteral("Die Ärzte %1").arg(i, 2, 10, QChar(u'0'))}, {"Preis", "9 €"}};
+        starten(zeilen, {"Band", "LPTitel", "Preis"});
+        erstellen();
+        const QString profil = Testordner("chromium");
+        auto chromium = [&](const QStringList& auftrag) {
+            QProcess p;
+            p.start(browser, QStringList{"--headless", "--disable-gpu", "--no-sandbox", "--user-data-dir=" + profil}
+                                 + auftrag + QStringList{QUrl::fromLocalFile(html(1)).toString()});
+            p.waitForFinished(60000);
+            return QString::fromUtf8(p.readAllStandardOutput());
+        };
+        const QString dom = chromium({"--dump-dom"});
+        QVERIFY2(dom.contains("<td>Die Ärzte 00</td>") && dom.contains("<td>Die Ärzte 49</td>"), qPrintable(dom.left(500)));
+        QVERIFY(!dom.contains("Die Ärzte 50"));
+        QVERIFY(dom.contains("<td>9 €</td>"));
+        QVERIFY(dom.contains("href=\"rillenkammer2.html\""));
+        const QString bild = profil + "seite.png";
+        chromium({"--screenshot=" + bild, "--window-size=1000,700"});
+        QCOMPARE(QImage(bild).size(), QSize(1000, 700));
     }
 
     // The arranging window: OK keeps the order, shown ones first; Exit keeps the keys.

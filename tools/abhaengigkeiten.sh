@@ -15,8 +15,9 @@ qt6-translations-l10n libxkbcommon-dev libsqlite3-dev libavformat-dev libgif-dev
 gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad
 gstreamer1.0-plugins-ugly gstreamer1.0-libav
 qt6-speech-speechd-plugin speech-dispatcher speech-dispatcher-espeak-ng espeak-ng xdg-utils xvfb xauth"
+# The tests read printed PDFs back with poppler and render the web pages with headless Chromium.
 if [ "${1:-}" = "--tests" ]; then
-    PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox sqlite3 desktop-file-utils appstream"
+    PAKETE="$PAKETE imagemagick poppler-utils ffmpeg sox sqlite3 desktop-file-utils appstream chromium"
 fi
 
 FEHLT=""
