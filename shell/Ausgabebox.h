@@ -65,6 +65,7 @@ public:
     class Hilfsfenster& hilfsfenster() const { return *m_hilfsfenster; }
     class MiniPlayer& miniPlayer() const { return *m_miniPlayer; }
     class HtmlSeiten& htmlSeiten() const { return *m_htmlSeiten; }
+    class Tabellendrucker& tabellendrucker() const { return *m_tabellendrucker; }
     class Generator& generator() const { return *m_generator; }
 
     // ---- State that several parts read ----
@@ -122,5 +123,6 @@ private:
     class Hilfsfenster* m_hilfsfenster = nullptr;
     class MiniPlayer* m_miniPlayer = nullptr;
     class HtmlSeiten* m_htmlSeiten = nullptr;
+    class Tabellendrucker* m_tabellendrucker = nullptr;
     class Generator* m_generator = nullptr;
 };
