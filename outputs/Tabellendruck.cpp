@@ -154,6 +154,11 @@ void Tabellendrucker::mnuTabelleDrucken_Click()
         const QFontMetrics masse(box.font());
         const auto bildschirm = [&masse](const QString& t) { return masse.horizontalAdvance(t); };
         for (int z = z1; z <= z2 && z < g->Rows(); ++z) {
+            // A row that would reach below the paper starts a new sheet, as a printer does.
+            if (f.CurrentY() + f.TextHeight() > f.ScaleHeight() - 10) {
+                f.NewPage();
+                f.setCurrentY(10);
+            }
             QStringList zellen;
             for (int c = s1; c <= s2; ++c)
                 zellen << Gekuerzt(g->TextMatrix(z, c), Px(g->ColWidth(c)), bildschirm);

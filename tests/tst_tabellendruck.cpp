@@ -91,6 +91,17 @@ private slots:
         // The titles stand in one column, right of the bands.
         QCOMPARE(zeilen[2].indexOf("GoldBest"), zeilen[3].indexOf("Messe"));
         QVERIFY(zeilen[2].indexOf("GoldBest") > zeilen[2].indexOf("Abba") + 4);
+        // A range longer than a sheet goes on on the next.
+        QList<Zeilenwerte> viele;
+        for (int i = 0; i < 90; ++i)
+            viele << Zeilenwerte{{"Band", QStringLiteral("Band %1").arg(i, 2, 10, QChar(u'0'))}};
+        FensterStarten(w, {.zeilen = viele});
+        w->MSFlexGrid1->setRow(1);
+        w->MSFlexGrid1->setRowSel(90);
+        w->mnuTabelleDrucken->trigger();
+        const QString lang = PdfText(druck->datei);
+        QVERIFY(lang.count(u'\f') >= 2);
+        QVERIFY(lang.contains("Band 00") && lang.contains("Band 89"));
         // A cancelled dialog prints nothing and says nothing.
         QFile::remove(druck->datei);
         druck->abbrechen = true;
