@@ -36,6 +36,7 @@
 #include "platform/Uhr.h"
 #include "outputs/HtmlSeiten.h"
 #include "outputs/Tabellendruck.h"
+#include "outputs/Traegerdruck.h"
 #include "playback/Abspieler.h"
 #include "playback/MiniPlayer.h"
 #include "playback/Schlafmodus.h"
@@ -114,6 +115,7 @@ void Ausgabebox::TeileAnlegen()
     m_hilfsfenster = new Hilfsfenster(*this);
     m_htmlSeiten = new HtmlSeiten(*this);
     m_tabellendrucker = new Tabellendrucker(*this);
+    m_traegerdruck = new Traegerdruck(*this);
     m_generator = new Generator(*this);
     // Wired once all are there, so that a part may call another while it wires itself.
     for (Teilbereich* teil : std::initializer_list<Teilbereich*>{
@@ -121,7 +123,7 @@ void Ausgabebox::TeileAnlegen()
              m_feldbezeichnungen, m_werkzeugleiste, m_abspieler, m_trackliste, m_sequenzer,
              m_zufallswahl, m_schlafmodus, m_miniPlayer, m_playlisten, m_sqlKonsole, m_suche, m_abspielausschluss,
              m_trackdateien, m_coververwaltung, m_bildimport, m_anhaenge, m_textfenster, m_uebersetzung,
-             m_schwesterprogramme, m_lastanzeige, m_hilfsfenster, m_htmlSeiten, m_tabellendrucker, m_generator})
+             m_schwesterprogramme, m_lastanzeige, m_hilfsfenster, m_htmlSeiten, m_tabellendrucker, m_traegerdruck, m_generator})
         teil->verbinden();
 }
 

@@ -66,6 +66,7 @@ public:
     class MiniPlayer& miniPlayer() const { return *m_miniPlayer; }
     class HtmlSeiten& htmlSeiten() const { return *m_htmlSeiten; }
     class Tabellendrucker& tabellendrucker() const { return *m_tabellendrucker; }
+    class Traegerdruck& traegerdruck() const { return *m_traegerdruck; }
     class Generator& generator() const { return *m_generator; }
 
     // ---- State that several parts read ----
@@ -124,5 +125,6 @@ private:
     class MiniPlayer* m_miniPlayer = nullptr;
     class HtmlSeiten* m_htmlSeiten = nullptr;
     class Tabellendrucker* m_tabellendrucker = nullptr;
+    class Traegerdruck* m_traegerdruck = nullptr;
     class Generator* m_generator = nullptr;
 };
