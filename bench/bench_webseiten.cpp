@@ -64,6 +64,7 @@ int main(int argc, char** argv)
     int dateien = 0;
     for (int lauf = 0; lauf < laeufe; ++lauf) {
         zeiten.push_back(messen([&] { w.mnuHtmlSeitenErstellen->trigger(); }));
+        std::printf("run %d: %.0f ms\n", lauf + 1, zeiten.back());
         const QFileInfoList seiten = QDir(ProgrammOrdner + QStringLiteral("html")).entryInfoList({"*.html"});
         dateien = int(seiten.size());
         bytes = 0;

@@ -22,7 +22,97 @@
 #include <QFile>
 
 #include <array>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <utility>
 #include <cmath>
+
+namespace {
+
+// Writes the pages from a thread of its own while the next one is built. The first file
+// that cannot be written ends the writing; its path is kept for the message.
+class Seitenschreiber {
+public:
+    Seitenschreiber()
+        : m_faden([this] { laufen(); })
+    {
+    }
+    ~Seitenschreiber() { beenden(); }
+    Seitenschreiber(const Seitenschreiber&) = delete;
+    Seitenschreiber& operator=(const Seitenschreiber&) = delete;
+
+    // Waits while a few pages are still queued, so that memory stays small.
+    void schreiben(QString pfad, QByteArray inhalt)
+    {
+        std::unique_lock sperre(m_mutex);
+        m_frei.wait(sperre, [this] { return m_auftraege.size() < 4 || !m_fehler.isEmpty(); });
+        if (!m_fehler.isEmpty())
+            return;
+        m_auftraege.emplace_back(std::move(pfad), std::move(inhalt));
+        m_da.notify_one();
+    }
+    QString fehler()
+    {
+        const std::lock_guard sperre(m_mutex);
+        return m_fehler;
+    }
+    // Waits until every queued page is written; the path that failed, else nothing.
+    QString beenden()
+    {
+        {
+            const std::lock_guard sperre(m_mutex);
+            m_ende = true;
+        }
+        m_da.notify_one();
+        if (m_faden.joinable())
+            m_faden.join();
+        return m_fehler;
+    }
+
+private:
+    void laufen()
+    {
+        for (;;) {
+            std::pair<QString, QByteArray> auftrag;
+            {
+                std::unique_lock sperre(m_mutex);
+                m_da.wait(sperre, [this] { return !m_auftraege.empty() || m_ende; });
+                if (m_auftraege.empty())
+                    return;
+                auftrag = std::move(m_auftraege.front());
+                m_auftraege.pop_front();
+            }
+            m_frei.notify_one();
+            QFile datei(auftrag.first);
+            if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate)
+                || datei.write(auftrag.second) != auftrag.second.size() || !datei.flush()) {
+                const std::lock_guard sperre(m_mutex);
+                m_fehler = auftrag.first;
+                m_auftraege.clear();
+                m_frei.notify_all();
+                return;
+            }
+        }
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_da;
+    std::condition_variable m_frei;
+    std::deque<std::pair<QString, QByteArray>> m_auftraege;
+    bool m_ende = false;
+    QString m_fehler;
+    std::thread m_faden; // last: it starts once everything above is made
+};
+
+Laufzeitfehler schreibfehler(const QString& pfad)
+{
+    return Laufzeitfehler(Fehlernummer::ZugriffsFehler,
+                          QStringLiteral("Die Datei %1 kann nicht geschrieben werden.").arg(pfad));
+}
+
+} // namespace
 
 void HtmlSeiten::verbinden()
 {
@@ -94,6 +184,7 @@ int HtmlSeiten::SeitenSchreiben()
     int letzte = proSeite;
     Abbruch = false;
     const EscAbbruch esc;
+    Seitenschreiber schreiber;
     for (int seite = 1; seite <= seiten; ++seite) {
         box.Bez[13]->setText(QString::number(seite));
         EreignisseZulassen();
@@ -125,11 +216,12 @@ int HtmlSeiten::SeitenSchreiben()
         // One page, one write; the print of the buffer adds a line end of its own.
         const QByteArray seitentext = kopf + navigation + Webseiten::Kodieren(text) + navigation
             + Webseiten::Kodieren(Webseiten::Schluss(seite)) + "\r\n";
-        QFile datei(ordner + Webseiten::Dateiname(seite));
-        if (!datei.open(QIODevice::WriteOnly | QIODevice::Truncate) || datei.write(seitentext) < 0 || !datei.flush())
-            throw Laufzeitfehler(Fehlernummer::ZugriffsFehler,
-                                 QStringLiteral("Die Datei %1 kann nicht geschrieben werden.").arg(datei.fileName()));
+        schreiber.schreiben(ordner + Webseiten::Dateiname(seite), seitentext);
+        if (const QString pfad = schreiber.fehler(); !pfad.isEmpty())
+            throw schreibfehler(pfad);
     }
+    if (const QString pfad = schreiber.beenden(); !pfad.isEmpty())
+        throw schreibfehler(pfad);
     return seiten;
 }
 

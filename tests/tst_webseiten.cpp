@@ -13,6 +13,7 @@
 #include "shell/Globale.h"
 #include "shell/Steuerelemente.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -214,6 +215,14 @@ private slots:
         Attrappen::leeren();
         w->mnuHtmlSeitenErstellen->trigger();
         QCOMPARE(Attrappen::dialoge().meldungen().value(0).titel, QString("Ausgabebox_mnuHtmlSeitenErstellen_Click"));
+        // A page that cannot be written (a folder stands under its name) is named.
+        Speichern("WebTabelleZeilenanzahl", "50");
+        QFile::remove(html(2));
+        QDir().mkpath(html(2));
+        Attrappen::leeren();
+        w->mnuHtmlSeitenErstellen->trigger();
+        QVERIFY(Attrappen::dialoge().meldungsTexte().value(0).contains("rillenkammer2.html kann nicht geschrieben werden"));
+        QVERIFY(QFile::exists(html(1)));
     }
 
     // The pages in a real browser: its DOM holds the table's rows and the navigation, and
