@@ -592,6 +592,42 @@ void Trackdateien::Umbenennen(const QString& ordner, const QString& alt, const Q
     m_umbenannt.insert(alt, neu);
 }
 
+bool Trackdateien::PlanAusfuehren(const QString& titel, const std::function<std::optional<Plan>()>& plane)
+{
+    const Sperre sperre(m_laeuft);
+    if (!sperre)
+        return false;
+    try {
+        const QString ordner = Musikordner();
+        const std::optional<Plan> plan = plane();
+        if (!plan)
+            return false;
+        for (const auto& [alt, neu] : *plan) {
+            Umbenennen(ordner, alt, neu);
+            EreignisseZulassen();
+        }
+        ListeErneuern();
+        return true;
+    } catch (const Laufzeitfehler& fehler) {
+        ListeErneuern();
+        Fehlermeldung(fehler, titel);
+        return false;
+    }
+}
+
+Trackdateien::Plan Trackdateien::NeueNamen(const std::function<QString(const QString&)>& regel) const
+{
+    Plan plan;
+    for (const QString& eintrag : Eintraege(true)) {
+        const QString neu = regel(eintrag);
+        if (neu != eintrag) {
+            NamePruefen(neu);
+            plan.append({eintrag, neu});
+        }
+    }
+    return plan;
+}
+
 void Trackdateien::ListeErneuern()
 {
     Dateiliste* liste = box.filTrack;
@@ -722,128 +758,59 @@ void Trackdateien::mnuTracksRenameTextTrack_Click()
 
 void Trackdateien::mnuTrackSuchenErsetzen_Click()
 {
-    const Sperre sperre(m_laeuft);
-    if (!sperre)
-        return;
-    try {
-        const QString ordner = Musikordner();
+    PlanAusfuehren(QStringLiteral("Ausgabebox_mnuTrackSuchenErsetzen_Click"), [this]() -> std::optional<Plan> {
         ErsetzenModus = true;
         AllesErsetzen = false;
         GrossKleinschreibung = false;
         GanzesWort = false;
         Suchform::Anzeigen(&box, QStringLiteral("Suchen und Ersetzen bei allen markierten Tracks"));
         if (SuchAbfrage.isEmpty())
-            return;
-        QList<QPair<QString, QString>> plan;
-        for (const QString& eintrag : Eintraege(true)) {
-            if (!eintrag.contains(SuchAbfrage, Qt::CaseSensitive))
-                continue;
-            QString neu = eintrag;
-            neu.replace(SuchAbfrage, ErsetzenDurch, Qt::CaseSensitive);
-            NamePruefen(neu);
-            plan.append({eintrag, neu});
-        }
-        for (const auto& [alt, neu] : std::as_const(plan))
-            Umbenennen(ordner, alt, neu);
-        EreignisseZulassen();
-        ListeErneuern();
-    } catch (const Laufzeitfehler& fehler) {
-        ListeErneuern();
-        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuTrackSuchenErsetzen_Click"));
-    }
+            return std::nullopt;
+        return NeueNamen([](QString name) { return name.replace(SuchAbfrage, ErsetzenDurch, Qt::CaseSensitive); });
+    });
 }
 
 void Trackdateien::mnuTracksZeichenEntfernen_Click()
 {
-    const Sperre sperre(m_laeuft);
-    if (!sperre)
-        return;
-    try {
-        const QString ordner = Musikordner();
+    PlanAusfuehren(QStringLiteral("Ausgabebox_mnuTracksZeichenEntfernen_Click"), [this]() -> std::optional<Plan> {
         const auto n = ZahlErfragen(
             QStringLiteral("Wie viele Zeichen sollen VORNE an den markierten Tracks entfernt "
                            "werden?"),
             QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("5"));
         if (!n)
-            return;
-        QList<QPair<QString, QString>> plan;
-        for (const QString& eintrag : Eintraege(true)) {
-            ZeichenzahlPruefen(*n, eintrag);
-            const QString neu = eintrag.right(eintrag.size() - *n);
-            if (neu != eintrag) {
-                NamePruefen(neu);
-                plan.append({eintrag, neu});
-            }
-        }
-        for (const auto& [alt, neu] : std::as_const(plan))
-            Umbenennen(ordner, alt, neu);
-        EreignisseZulassen();
-        ListeErneuern();
-    } catch (const Laufzeitfehler& fehler) {
-        ListeErneuern();
-        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuTracksZeichenEntfernen_Click"));
-    }
+            return std::nullopt;
+        return NeueNamen([n](const QString& name) {
+            ZeichenzahlPruefen(*n, name);
+            return name.right(name.size() - *n);
+        });
+    });
 }
 
 void Trackdateien::mnuTracksZeichenHintenEntfernen_Click()
 {
-    const Sperre sperre(m_laeuft);
-    if (!sperre)
-        return;
-    try {
-        const QString ordner = Musikordner();
-        const auto n = ZahlErfragen(
-            QStringLiteral("Wie viele Zeichen sollen HINTEN an den markierten Tracks entfernt "
-                           "werden?"),
-            QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("4"));
-        if (!n)
-            return;
-        QList<QPair<QString, QString>> plan;
-        for (const QString& eintrag : Eintraege(true)) {
-            // The extension stays: only the name before the last dot is cut.
-            const QString stamm = Titel(eintrag);
-            ZeichenzahlPruefen(*n, stamm);
-            const QString neu = stamm.left(stamm.size() - *n) + Endung(eintrag);
-            if (neu != eintrag) {
-                NamePruefen(neu);
-                plan.append({eintrag, neu});
-            }
-        }
-        for (const auto& [alt, neu] : std::as_const(plan))
-            Umbenennen(ordner, alt, neu);
-        EreignisseZulassen();
-        ListeErneuern();
+    const bool fertig = PlanAusfuehren(
+        QStringLiteral("Ausgabebox_mnuTracksZeichenHintenEntfernen_Click"), [this]() -> std::optional<Plan> {
+            const auto n = ZahlErfragen(
+                QStringLiteral("Wie viele Zeichen sollen HINTEN an den markierten Tracks entfernt "
+                               "werden?"),
+                QStringLiteral("n Zeichen z. B. Aufzählung entfernen"), QStringLiteral("4"));
+            if (!n)
+                return std::nullopt;
+            return NeueNamen([n](const QString& name) {
+                // The extension stays: only the name before the last dot is cut.
+                const QString stamm = Titel(name);
+                ZeichenzahlPruefen(*n, stamm);
+                return stamm.left(stamm.size() - *n) + Endung(name);
+            });
+        });
+    if (fertig)
         box.trackliste().BewertungTracks();
-    } catch (const Laufzeitfehler& fehler) {
-        ListeErneuern();
-        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuTracksZeichenHintenEntfernen_Click"));
-    }
 }
 
 void Trackdateien::mnuTrackGrossbuchstabe_Click()
 {
-    const Sperre sperre(m_laeuft);
-    if (!sperre)
-        return;
-    try {
-        const QString ordner = Musikordner();
-        QList<QPair<QString, QString>> plan;
-        for (const QString& eintrag : Eintraege(true)) {
-            const QString neu = WortanfangGross(eintrag);
-            if (neu != eintrag) {
-                NamePruefen(neu);
-                plan.append({eintrag, neu});
-            }
-        }
-        for (const auto& [alt, neu] : std::as_const(plan)) {
-            Umbenennen(ordner, alt, neu);
-            EreignisseZulassen();
-        }
-        ListeErneuern();
-    } catch (const Laufzeitfehler& fehler) {
-        ListeErneuern();
-        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuTrackGrossbuchstabe_Click"));
-    }
+    PlanAusfuehren(QStringLiteral("Ausgabebox_mnuTrackGrossbuchstabe_Click"),
+                   [this]() -> std::optional<Plan> { return NeueNamen(WortanfangGross); });
 }
 
 void Trackdateien::mnuTrackSpeichernUnter_Click()
@@ -1040,18 +1007,14 @@ void Trackdateien::mnuTrackMovieCopy_Click()
 
 void Trackdateien::mnuTrackMovieUmbenennen_Click()
 {
-    const Sperre sperre(m_laeuft);
-    if (!sperre)
-        return;
-    try {
-        const QString ordner = Musikordner();
+    PlanAusfuehren(QStringLiteral("Ausgabebox_mnuTrackMovieUmbenennen_Click"), [this]() -> std::optional<Plan> {
         if (MsgNimb(
                 QStringLiteral(
                     "Sollen die Titel in der Liste \"Tracks & Movies\" entsprechend \nder Titel im "
                     "Textfeld \"Songs\" umbenannt werden?"),
                 22, 2, QStringLiteral("Tracks & Movies umbenennen"), 0)
             == u"Nein")
-            return;
+            return std::nullopt;
         QString text = box.TextSongs->toPlainText().trimmed();
         text.replace(QChar(QChar::LineSeparator), u'\n');
         text.remove(u'\r');
@@ -1066,21 +1029,14 @@ void Trackdateien::mnuTrackMovieUmbenennen_Click()
                     .arg(zeilen.size())
                     .arg(eintraege.size()));
         const int stellen = eintraege.size() < 101 ? 2 : 3;
-        QList<QPair<QString, QString>> plan;
+        Plan plan;
         for (int i = 0; i < zeilen.size(); ++i) {
-            const QString endung = Endung(eintraege[i]);
             const QString neu = QStringLiteral("%1").arg(i + 1, stellen, 10, QChar(u'0'))
-                + QStringLiteral(" - ") + ZeileBereinigen(zeilen[i]) + endung;
+                + QStringLiteral(" - ") + ZeileBereinigen(zeilen[i]) + Endung(eintraege[i]);
             NamePruefen(neu);
             plan.append({eintraege[i], neu});
         }
-        for (const auto& [alt, neu] : std::as_const(plan)) {
-            Umbenennen(ordner, alt, neu);
-            EreignisseZulassen();
-        }
-        ListeErneuern();
-    } catch (const Laufzeitfehler& fehler) {
-        ListeErneuern();
-        Fehlermeldung(fehler, QStringLiteral("Ausgabebox_mnuTrackMovieUmbenennen_Click"));
-    }
+        return plan;
+    });
 }
+

@@ -71,6 +71,14 @@ private:
     QStringList Eintraege(bool nurMarkierte) const;
     // Renames in the folder after every check; throws on failure. Nothing when equal.
     void Umbenennen(const QString& ordner, const QString& alt, const QString& neu);
+    using Plan = QList<QPair<QString, QString>>;
+    // The frame of a renaming command: one at a time, the folder checked, the plan made
+    // (every new name checked) before the first rename, the list read again afterwards,
+    // an error shown under the title. plane gives nothing when the user stopped. True when
+    // the plan was carried out.
+    bool PlanAusfuehren(const QString& titel, const std::function<std::optional<Plan>()>& plane);
+    // Old and new names of the marked entries by a rule; names the rule keeps drop out.
+    Plan NeueNamen(const std::function<QString(const QString&)>& regel) const;
     // True when the player has that file open just now.
     bool WirdGespielt(const QString& pfad) const;
     // Reads filTrack again and counts it in Bez(12). The marks and the current entry stay
