@@ -27,18 +27,6 @@
 
 namespace {
 
-// Answers every question with "Ja", and every other dialog with a cancel.
-class JaDialoge : public Dialogdienst {
-public:
-    QString MsgNimb(const Meldung&) override { return QStringLiteral("Ja"); }
-    QString InputNimb(const Eingabe&) override { return {}; }
-    QString Datei(const Dateiauswahl&) override { return {}; }
-    QString Ordner(const QString&, const QString&) override { return {}; }
-    bool Schrift(Schriftauswahl&) override { return false; }
-    bool Farbe(QColor&) override { return false; }
-    int Auswahl(const QString&, const QString&, const QStringList&) override { return -1; }
-};
-
 using Messungen = std::map<std::string, std::vector<double>>;
 
 void kopfKlicken(FlexGrid* g, const QString& kopf)
@@ -119,7 +107,7 @@ int main(int argc, char** argv)
     Benchumgebung umgebung;
     QApplication app(argc, argv);
     RessourcenAnmelden();
-    D().setzeDialoge(std::make_unique<JaDialoge>());
+    D().setzeDialoge(std::make_unique<FesteAntwort>(QStringLiteral("Ja")));
 
     std::vector<Messungen> ergebnisse;
     for (int zeilen : groessen) {

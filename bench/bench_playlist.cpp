@@ -102,10 +102,7 @@ int main(int argc, char** argv)
     D().setzeMedien(std::make_unique<StilleMedien>());
 
     const QString quelle = KatalogImCache(tontraeger);
-    const QString arbeit = umgebung.pfad() + QStringLiteral("/Arbeit.db");
-    QFile::copy(quelle, arbeit);
-    QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
-    Speichern(QStringLiteral("ArchivPfad"), arbeit);
+    umgebung.Arbeitskatalog(quelle);
     Speichern(QStringLiteral("WinMediaPlayer"), QStringLiteral("False"));
 
     Ausgabebox w;

@@ -39,10 +39,7 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     RessourcenAnmelden();
     const QString quelle = KatalogImCache(tontraeger);
-    const QString arbeit = umgebung.pfad() + QStringLiteral("/Arbeit.db");
-    QFile::copy(quelle, arbeit);
-    QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
-    Speichern(QStringLiteral("ArchivPfad"), arbeit);
+    umgebung.Arbeitskatalog(quelle);
 
     Ausgabebox w;
     w.Form_Load();

@@ -23,17 +23,6 @@
 
 namespace {
 
-class Stumm : public Dialogdienst {
-public:
-    QString MsgNimb(const Meldung&) override { return {}; }
-    QString InputNimb(const Eingabe&) override { return {}; }
-    QString Datei(const Dateiauswahl&) override { return {}; }
-    QString Ordner(const QString&, const QString&) override { return {}; }
-    bool Schrift(Schriftauswahl&) override { return false; }
-    bool Farbe(QColor&) override { return false; }
-    int Auswahl(const QString&, const QString&, const QStringList&) override { return -1; }
-};
-
 class InPdf : public Druckdialog {
 public:
     QString datei;
@@ -60,15 +49,12 @@ int main(int argc, char** argv)
     Benchumgebung umgebung;
     QApplication app(argc, argv);
     RessourcenAnmelden();
-    D().setzeDialoge(std::make_unique<Stumm>());
+    D().setzeDialoge(std::make_unique<FesteAntwort>());
     auto pdf = std::make_unique<InPdf>();
     pdf->datei = umgebung.pfad() + QStringLiteral("/tabelle.pdf");
     const QString datei = pdf->datei;
     setzeDruckdialog(std::move(pdf));
-    const QString arbeit = umgebung.pfad() + QStringLiteral("/Arbeit.db");
-    QFile::copy(KatalogImCache(100000), arbeit);
-    QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
-    Speichern(QStringLiteral("ArchivPfad"), arbeit);
+    umgebung.Arbeitskatalog(KatalogImCache(100000));
 
     Ausgabebox w;
     w.Form_Load();

@@ -20,22 +20,6 @@
 
 #include <cstdio>
 
-namespace {
-
-// Every question is answered "Nein": the browser is not opened.
-class Nein : public Dialogdienst {
-public:
-    QString MsgNimb(const Meldung&) override { return QStringLiteral("Nein"); }
-    QString InputNimb(const Eingabe&) override { return {}; }
-    QString Datei(const Dateiauswahl&) override { return {}; }
-    QString Ordner(const QString&, const QString&) override { return {}; }
-    bool Schrift(Schriftauswahl&) override { return false; }
-    bool Farbe(QColor&) override { return false; }
-    int Auswahl(const QString&, const QString&, const QStringList&) override { return -1; }
-};
-
-} // namespace
-
 int main(int argc, char** argv)
 {
     int laeufe = 3;
@@ -49,11 +33,8 @@ int main(int argc, char** argv)
     Benchumgebung umgebung;
     QApplication app(argc, argv);
     RessourcenAnmelden();
-    D().setzeDialoge(std::make_unique<Nein>());
-    const QString arbeit = umgebung.pfad() + QStringLiteral("/Arbeit.db");
-    QFile::copy(KatalogImCache(tontraeger), arbeit);
-    QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
-    Speichern(QStringLiteral("ArchivPfad"), arbeit);
+    D().setzeDialoge(std::make_unique<FesteAntwort>(QStringLiteral("Nein")));
+    umgebung.Arbeitskatalog(KatalogImCache(tontraeger));
 
     Ausgabebox w;
     w.Form_Load();

@@ -2,6 +2,7 @@
 
 #include "catalogue/Datenbank.h"
 #include "catalogue/Recordset.h"
+#include "shell/Einstellungen.h"
 
 #include <QDir>
 #include <QFile>
@@ -182,3 +183,11 @@ long residentKb()
     return -1;
 }
 
+QString Benchumgebung::Arbeitskatalog(const QString& quelle) const
+{
+    const QString arbeit = pfad() + QStringLiteral("/Arbeit.db");
+    QFile::copy(quelle, arbeit);
+    QFile::setPermissions(arbeit, QFile::ReadOwner | QFile::WriteOwner);
+    Speichern(QStringLiteral("ArchivPfad"), arbeit);
+    return arbeit;
+}
