@@ -15,7 +15,6 @@
 #include "platform/Dateikopie.h"
 #include "platform/Dialogdienst.h"
 #include "platform/Dienste.h"
-#include "platform/Druckdialog.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -840,16 +839,10 @@ void frmCDgenerieren::mnuLiedlisteDrucken_Click()
     try {
         QPrinter drucker(QPrinter::HighResolution);
         // The two panels stand side by side: they fit across a sheet only in landscape.
-        drucker.setPageOrientation(QPageLayout::Landscape);
-        if (!Druckdialoge().einrichten(drucker, this) || !drucker.isValid())
-            return;
+        DruckerWaehlen(drucker, QPageLayout::Landscape, this);
         Mauszeiger(ZeigerSanduhr);
         Druckflaeche f(drucker);
-        if (!f.aktiv()) {
-            Mauszeiger(ZeigerStandard);
-            throw Laufzeitfehler(
-                482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
-        }
+        f.AktivPruefen();
         // The page's top edge lies at -1500, where the heading begins.
         f.setScaleTop(-1500);
         f.setFontName(QStringLiteral("Times New Roman"));

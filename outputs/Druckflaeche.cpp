@@ -1,5 +1,9 @@
 #include "outputs/Druckflaeche.h"
 
+#include "platform/Laufzeitfehler.h"
+
+#include "platform/Druckdialog.h"
+
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPixmap>
@@ -206,4 +210,17 @@ void Druckflaeche::EndDoc()
 {
     if (m_maler.isActive())
         m_maler.end();
+}
+
+void Druckflaeche::AktivPruefen() const
+{
+    if (!aktiv())
+        throw Laufzeitfehler(482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
+}
+
+void DruckerWaehlen(QPrinter& drucker, QPageLayout::Orientation lage, QWidget* eltern)
+{
+    drucker.setPageOrientation(lage);
+    if (!Druckdialoge().einrichten(drucker, eltern) || !drucker.isValid())
+        throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
 }

@@ -6,6 +6,7 @@
 // (a paper or a PDF file) or on a picture for a screen preview.
 #include <QColor>
 #include <QFont>
+#include <QPageLayout>
 #include <QPainter>
 #include <QString>
 
@@ -13,6 +14,7 @@ class QImage;
 class QPaintDevice;
 class QPixmap;
 class QPrinter;
+class QWidget;
 
 class Druckflaeche {
 public:
@@ -29,6 +31,8 @@ public:
 
     // False when the device could not be opened (no printer, an unwritable PDF file).
     bool aktiv() const { return m_maler.isActive(); }
+    // Throws the printer error when the device could not be opened.
+    void AktivPruefen() const;
 
     // The unit of all lengths; a change keeps the current position on the paper.
     void setScaleMode(Einheit einheit);
@@ -110,3 +114,7 @@ private:
     QColor m_fuellfarbe = Qt::white;
     bool m_fuellen = false;
 };
+
+// The print dialog on a printer in that orientation; the dialog's cancel error when the
+// user cancels or leaves no printer.
+void DruckerWaehlen(QPrinter& drucker, QPageLayout::Orientation lage, QWidget* eltern);

@@ -3,7 +3,6 @@
 #include "catalogue/FlexGrid.h"
 #include "outputs/Druckflaeche.h"
 #include "platform/Dialogdienst.h"
-#include "platform/Druckdialog.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -112,13 +111,10 @@ void Tabellendrucker::mnuTabelleDrucken_Click()
     using namespace Tabellendruck;
     try {
         QPrinter drucker(QPrinter::HighResolution);
-        drucker.setPageOrientation(QPageLayout::Landscape);
-        if (!Druckdialoge().einrichten(drucker, &box) || !drucker.isValid())
-            throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
+        DruckerWaehlen(drucker, QPageLayout::Landscape, &box);
         Mauszeiger(ZeigerSanduhr);
         Druckflaeche f(drucker);
-        if (!f.aktiv())
-            throw Laufzeitfehler(482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
+        f.AktivPruefen();
         f.setScaleMode(Druckflaeche::Einheit::Millimeter);
         f.setFontName(QStringLiteral("Times New Roman"));
         f.setFontSize(11);

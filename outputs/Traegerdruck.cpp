@@ -2,7 +2,6 @@
 
 #include "outputs/Druckflaeche.h"
 #include "platform/Dialogdienst.h"
-#include "platform/Druckdialog.h"
 #include "platform/Einheiten.h"
 #include "platform/Laufzeitfehler.h"
 #include "platform/Mauszeiger.h"
@@ -91,17 +90,14 @@ void Traegerdruck::MenuDrucken_Click()
 {
     try {
         QPrinter drucker(QPrinter::HighResolution);
-        drucker.setPageOrientation(QPageLayout::Landscape);
-        if (!Druckdialoge().einrichten(drucker, &box) || !drucker.isValid())
-            throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
+        DruckerWaehlen(drucker, QPageLayout::Landscape, &box);
         const QString antwort = MsgNimb(QStringLiteral("Soll das Bild mit ausgedruckt werden?"), 32, 1,
                                         QStringLiteral("Lumivox"), 0);
         if (antwort != u"Ja" && antwort != u"Nein")
             return; // closed without a choice: no page is started
         Mauszeiger(ZeigerSanduhr);
         Druckflaeche f(drucker);
-        if (!f.aktiv())
-            throw Laufzeitfehler(482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
+        f.AktivPruefen();
         f.setScaleLeft(-1300);
         f.setCurrentY(600);
         f.setFontBold(true);
@@ -131,13 +127,10 @@ void Traegerdruck::mnuBacksitePrint_Click()
 {
     try {
         QPrinter drucker(QPrinter::HighResolution);
-        drucker.setPageOrientation(QPageLayout::Portrait);
-        if (!Druckdialoge().einrichten(drucker, &box) || !drucker.isValid())
-            throw Laufzeitfehler(Fehlernummer::DialogAbgebrochen);
+        DruckerWaehlen(drucker, QPageLayout::Portrait, &box);
         Mauszeiger(ZeigerSanduhr);
         Druckflaeche f(drucker);
-        if (!f.aktiv())
-            throw Laufzeitfehler(482, QStringLiteral("Druckerfehler: Der Drucker kann nicht geöffnet werden."));
+        f.AktivPruefen();
         f.setScaleLeft(-1300);
         f.setCurrentY(600);
         f.setFillSolid(true);
@@ -164,7 +157,7 @@ frmDruckVorschau* Traegerdruck::vorschauOeffnen()
     return fenster;
 }
 
-void Traegerdruck::mnuVorschauDrucken_Click()
+void Traegerdruck::vorschauZeichnen(const std::function<void(Druckflaeche&)>& zeichnen)
 {
     frmDruckVorschau* fenster = vorschauOeffnen();
     QImage bild(fenster->picVorschau->size(), QImage::Format_RGB32);
@@ -173,6 +166,15 @@ void Traegerdruck::mnuVorschauDrucken_Click()
         Druckflaeche f(bild);
         f.setFillSolid(true);
         f.setFillColor(Qt::white);
+        zeichnen(f);
+        f.EndDoc();
+    }
+    fenster->picVorschau->setBild(QPixmap::fromImage(bild));
+}
+
+void Traegerdruck::mnuVorschauDrucken_Click()
+{
+    vorschauZeichnen([this](Druckflaeche& f) {
         f.Box(133, 333, 4669, 4869);
         f.Box(4669, 333, 9205, 4869);
         f.PaintPicture(sichtbaresCover(), 4669, 333, 4550, 4550);
@@ -180,23 +182,13 @@ void Traegerdruck::mnuVorschauDrucken_Click()
         f.setCurrentY(300);
         f.setCurrentX(0);
         Textblock(f, 7, 5);
-        f.EndDoc();
-    }
-    fenster->picVorschau->setBild(QPixmap::fromImage(bild));
+    });
 }
 
 void Traegerdruck::mnuViewBacksitePrint_Click()
 {
-    frmDruckVorschau* fenster = vorschauOeffnen();
-    QImage bild(fenster->picVorschau->size(), QImage::Format_RGB32);
-    bild.fill(Qt::white);
-    {
-        Druckflaeche f(bild);
-        f.setFillSolid(true);
-        f.setFillColor(Qt::white);
+    vorschauZeichnen([this](Druckflaeche& f) {
         f.Box(280, 333, 5668, 4883);
         f.PaintPicture(sichtbaresCover(), 280, 333, 5388, 4550);
-        f.EndDoc();
-    }
-    fenster->picVorschau->setBild(QPixmap::fromImage(bild));
+    });
 }

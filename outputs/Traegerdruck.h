@@ -4,6 +4,8 @@
 #include "shell/Farbverlauf.h"
 #include "shell/Teilbereich.h"
 
+#include <functional>
+
 class Bildfeld;
 class Druckflaeche;
 
@@ -38,4 +40,6 @@ public:
 private:
     QPixmap sichtbaresCover() const;
     frmDruckVorschau* vorschauOeffnen();
+    // A fresh preview window, drawn by zeichnen on a white sheet with white fill.
+    void vorschauZeichnen(const std::function<void(Druckflaeche&)>& zeichnen);
 };
